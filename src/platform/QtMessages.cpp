@@ -1,0 +1,79 @@
+#include "platform/QtMessages.h"
+
+#include "platform/DialogFilter.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+
+QString runFileDialog(const Messages::FileRequest& request, QWidget* parent,
+                      QFileDialog::AcceptMode mode) {
+    QFileDialog dialog(parent, request.title, request.folder);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                       : QFileDialog::AnyFile);
+    const QStringList filters = DialogFilter::toNameFilters(request.filterPairs);
+    if (!filters.isEmpty()) {
+        dialog.setNameFilters(filters);
+        const int index = request.filterIndex - 1;
+        if (index >= 0 && index < filters.size())
+            dialog.selectNameFilter(filters[index]);
+    }
+    if (!request.fileName.isEmpty())
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+} // namespace
+
+void QtMessages::inform(const QString& text, QWidget* parent) {
+    QMessageBox box(QMessageBox::NoIcon, caption(), text, QMessageBox::Ok, parent);
+    box.exec();
+}
+
+bool QtMessages::askYesNo(const QString& text, QWidget* parent) {
+    QMessageBox box(QMessageBox::Question, caption(), text, QMessageBox::Yes | QMessageBox::No,
+                    parent);
+    box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes;
+}
+
+std::optional<QString> QtMessages::askText(const QString& title, const QString& label,
+                                           const QString& proposed, QWidget* parent) {
+    bool ok = false;
+    const QString text =
+        QInputDialog::getText(parent, title, label, QLineEdit::Normal, proposed, &ok);
+    if (!ok)
+        return std::nullopt;
+    return text;
+}
+
+QString QtMessages::openFileName(const FileRequest& request, QWidget* parent) {
+    return runFileDialog(request, parent, QFileDialog::AcceptOpen);
+}
+
+QString QtMessages::saveFileName(const FileRequest& request, QWidget* parent) {
+    return runFileDialog(request, parent, QFileDialog::AcceptSave);
+}
+
+std::optional<QColor> QtMessages::chooseColor(const QString& title, const QColor& initial,
+                                              QWidget* parent) {
+    const QColor color = QColorDialog::getColor(initial, parent, title);
+    if (!color.isValid())
+        return std::nullopt;
+    return color;
+}
+
+std::optional<QFont> QtMessages::chooseFont(const QFont& initial, QWidget* parent) {
+    bool ok = false;
+    const QFont font = QFontDialog::getFont(&ok, initial, parent);
+    if (!ok)
+        return std::nullopt;
+    return font;
+}

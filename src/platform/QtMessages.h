@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Messages.h"
+
+// The messages service over the desktop's message boxes and common dialogs.
+class QtMessages final : public Messages {
+public:
+    void inform(const QString& text, QWidget* parent) override;
+    bool askYesNo(const QString& text, QWidget* parent) override;
+    std::optional<QString> askText(const QString& title, const QString& label,
+                                   const QString& proposed, QWidget* parent) override;
+    QString openFileName(const FileRequest& request, QWidget* parent) override;
+    QString saveFileName(const FileRequest& request, QWidget* parent) override;
+    std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
+                                      QWidget* parent) override;
+    std::optional<QFont> chooseFont(const QFont& initial, QWidget* parent) override;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+// The single instances of the program's windows, addressed by name. A window enters the
+// registry in its load and leaves it when it is destroyed; get() creates a window on first
+// touch, which runs its load.
+class WindowRegistry {
+public:
+    static void add(const QString& name, QWidget* window);
+    static QWidget* find(const QString& name);
+
+    // The one instance of window class W (named by W::WindowName), created when missing.
+    template <class W> static W* get() {
+        if (auto* existing = qobject_cast<W*>(find(W::WindowName())))
+            return existing;
+        auto* created = new W;
+        add(W::WindowName(), created);
+        return created;
+    }
+
+    // Closes the named window when it exists; true when a window was closed.
+    static bool unload(const QString& name);
+};

@@ -1,0 +1,10 @@
+#include "shell/Globals.h"
+
+Globals& globals() {
+    static Globals instance;
+    return instance;
+}
+
+void resetGlobals() {
+    globals() = Globals{};
+}

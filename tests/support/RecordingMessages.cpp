@@ -1,0 +1,71 @@
+#include "RecordingMessages.h"
+
+QStringList RecordingMessages::texts() const {
+    QStringList result;
+    for (const Shown& shown : m_shown)
+        result.append(shown.text);
+    return result;
+}
+
+QVariant RecordingMessages::next() {
+    if (m_answers.empty())
+        return {};
+    QVariant reply = m_answers.front();
+    m_answers.pop_front();
+    return reply;
+}
+
+void RecordingMessages::inform(const QString& text, QWidget*) {
+    m_shown.append({QStringLiteral("inform"), caption(), text, {}});
+}
+
+bool RecordingMessages::askYesNo(const QString& text, QWidget*) {
+    m_shown.append({QStringLiteral("askYesNo"), caption(), text, {}});
+    return next().toBool();
+}
+
+std::optional<QString> RecordingMessages::askText(const QString& title, const QString& label,
+                                                  const QString& proposed, QWidget*) {
+    m_shown.append({QStringLiteral("askText"), title, label, proposed});
+    const QVariant reply = next();
+    if (reply.isNull())
+        return std::nullopt;
+    return reply.toString();
+}
+
+QString RecordingMessages::openFileName(const FileRequest& request, QWidget*) {
+    m_shown.append({QStringLiteral("open"), request.title, request.filterPairs, request.folder});
+    return next().toString();
+}
+
+QString RecordingMessages::saveFileName(const FileRequest& request, QWidget*) {
+    m_shown.append({QStringLiteral("save"), request.title, request.filterPairs, request.folder});
+    return next().toString();
+}
+
+std::optional<QColor> RecordingMessages::chooseColor(const QString& title, const QColor&,
+                                                     QWidget*) {
+    m_shown.append({QStringLiteral("color"), title, {}, {}});
+    const QVariant reply = next();
+    if (reply.isNull())
+        return std::nullopt;
+    return reply.value<QColor>();
+}
+
+std::optional<QFont> RecordingMessages::chooseFont(const QFont&, QWidget*) {
+    m_shown.append({QStringLiteral("font"), {}, {}, {}});
+    const QVariant reply = next();
+    if (reply.isNull())
+        return std::nullopt;
+    return reply.value<QFont>();
+}
+
+ScopedRecordingMessages::ScopedRecordingMessages() {
+    auto recorder = std::make_unique<RecordingMessages>();
+    m_recorder = recorder.get();
+    m_previous = Messages::install(std::move(recorder));
+}
+
+ScopedRecordingMessages::~ScopedRecordingMessages() {
+    Messages::install(std::move(m_previous));
+}
