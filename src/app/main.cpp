@@ -18,7 +18,8 @@ int main(int argc, char* argv[]) {
     // A terminate or interrupt signal, and the end of the desktop session, close the main
     // window through its normal unload, which saves the settings.
     ShutdownSignals shutdownSignals;
-    QObject::connect(&shutdownSignals, &ShutdownSignals::shutdownRequested, window, &QWidget::close);
+    QObject::connect(&shutdownSignals, &ShutdownSignals::shutdownRequested, window,
+                     &QWidget::close);
     QObject::connect(&app, &QGuiApplication::commitDataRequest, window,
                      [window](QSessionManager&) { window->close(); });
 

@@ -34,5 +34,4 @@ struct OptionSettings {
     bool gQuickTipsOption = true;
     bool gAskComputer = true;
     bool gSeparatorOption = false;
-
 };

@@ -12,9 +12,9 @@ namespace {
 
 struct ComputerNameLine {};
 
-using Line = std::variant<double OptionSettings::*, qint32 OptionSettings::*,
-                          qint16 OptionSettings::*, bool OptionSettings::*,
-                          QString OptionSettings::*, ComputerNameLine>;
+using Line =
+    std::variant<double OptionSettings::*, qint32 OptionSettings::*, qint16 OptionSettings::*,
+                 bool OptionSettings::*, QString OptionSettings::*, ComputerNameLine>;
 
 // The order of the lines in the file.
 const std::array<Line, OptionsFile::LineCount> kLines = {
@@ -35,9 +35,7 @@ const std::array<Line, OptionsFile::LineCount> kLines = {
     &OptionSettings::gSeparatorOption,
 };
 
-template <class... Fs> struct Overloaded : Fs... {
-    using Fs::operator()...;
-};
+template <class... Fs> struct Overloaded : Fs... { using Fs::operator()...; };
 
 // A text value must stay on its own line.
 QString oneLine(QString text) {

@@ -11,16 +11,16 @@
 // One instance for the process, reached through globals(). Distances are in twips.
 struct Globals : OptionSettings, ColorSettings {
     // Files and hand-over
-    QString gAppPath;        // folder of every data file; the current directory at start
-    QString gPrintIniFile;   // work file of the file location report
-    QString gCurrentFile;    // file selected in the browser list; empty when none is usable
-    QString gCurrentFolder;  // folder of gCurrentFile
-    QString gOpenFile;       // path handed to the window that opens next
-    QString gCallerTag;      // "F" main window, "M" document window
-    qint16 gMsgResult = 0;   // result of boxes that offer only OK
+    QString gAppPath;          // folder of every data file; the current directory at start
+    QString gPrintIniFile;     // work file of the file location report
+    QString gCurrentFile;      // file selected in the browser list; empty when none is usable
+    QString gCurrentFolder;    // folder of gCurrentFile
+    QString gOpenFile;         // path handed to the window that opens next
+    QString gCallerTag;        // "F" main window, "M" document window
+    qint16 gMsgResult = 0;     // result of boxes that offer only OK
     QStringList gFileExtTable; // the 63 known extensions, filled at start
-    QString gAllExtMask;     // mask of all 63 extensions
-    QString gSearchMask;     // mask of the current search
+    QString gAllExtMask;       // mask of all 63 extensions
+    QString gSearchMask;       // mask of the current search
 
     // Search
     bool gFindNextReady = true;

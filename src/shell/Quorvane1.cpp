@@ -46,19 +46,19 @@ struct OpenWindow {
     const char* name;
 };
 constexpr OpenWindow kWindowsToUnload[] = {
-    {&Globals::gFrameOpen, "MDIForm1"},       {&Globals::gThumBrowOpen, "ThumBrow1"},
-    {&Globals::gFindFileOpen, "FindFile1"},   {&Globals::gPrintOpen, "PrntFrm1"},
+    {&Globals::gFrameOpen, "MDIForm1"},         {&Globals::gThumBrowOpen, "ThumBrow1"},
+    {&Globals::gFindFileOpen, "FindFile1"},     {&Globals::gPrintOpen, "PrntFrm1"},
     {&Globals::gAudioVideoOpen, "AudioVideo1"}, {&Globals::gSetFoldrOpen, "SetFoldr1"},
-    {&Globals::gSendFileOpen, "SendFile1"},   {&Globals::gGrpFlemOpen, "GrpFlem1"},
-    {&Globals::gGrpBrowOpen, "GrpBrow1"},     {&Globals::gGrpBatchOpen, "GrpBatch1"},
+    {&Globals::gSendFileOpen, "SendFile1"},     {&Globals::gGrpFlemOpen, "GrpFlem1"},
+    {&Globals::gGrpBrowOpen, "GrpBrow1"},       {&Globals::gGrpBatchOpen, "GrpBatch1"},
     {&Globals::gQuikPictOpen, "QuikPict1"},
 };
 
 // The commands that need a selected file.
 constexpr const char* kSelectCommands[] = {
-    "mnuFileMove",     "mnuFileSave",    "mnuFileDelete",  "mnuFilePrint",
-    "mnuFileProptee",  "mnuFileOLE",     "mnuFileRename",  "mnuFileSend",
-    "mnuViewTable",    "mnuViewComments", "mnuFileIndex",
+    "mnuFileMove",    "mnuFileSave",     "mnuFileDelete", "mnuFilePrint",
+    "mnuFileProptee", "mnuFileOLE",      "mnuFileRename", "mnuFileSend",
+    "mnuViewTable",   "mnuViewComments", "mnuFileIndex",
 };
 
 const QString kCaption = u"Quorvane 2.5"_s;
@@ -392,8 +392,8 @@ void Quorvane1::SetWinSizeVariables() {
             g.gFrameLeft = Twips::measure(frame->x(), g.gFrameLeft);
             g.gFrameTop = Twips::measure(frame->y(), g.gFrameTop);
             g.gFrameHeight = Twips::measure(frame->height(), g.gFrameHeight);
-            g.gFrameWidth = static_cast<qint32>(
-                std::lround(Twips::measure(frame->width(), g.gFrameWidth)));
+            g.gFrameWidth =
+                static_cast<qint32>(std::lround(Twips::measure(frame->width(), g.gFrameWidth)));
         }
     }
 }

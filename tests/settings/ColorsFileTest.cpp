@@ -63,7 +63,8 @@ TEST_F(ColorsFileTest, EveryRoleRoundTripsInItsLine) {
 }
 
 TEST_F(ColorsFileTest, MissingFileNamesTheMenuOption) {
-    EXPECT_EQ(ColorsFile::load(path(), colors), u"Use the Utility Menu Option - Set Window Colors"_s);
+    EXPECT_EQ(ColorsFile::load(path(), colors),
+              u"Use the Utility Menu Option - Set Window Colors"_s);
     EXPECT_EQ(colors.gMainBackColor, 0xFFD3CE);
 }
 

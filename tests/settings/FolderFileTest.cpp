@@ -26,7 +26,8 @@ TEST(FolderFile, SavesEntriesAndAnEmptyListAsOneEmptyLine) {
     const QString path = dir.file(u"FoldFile.INI"_s);
     const QStringList entries{u"/home/u/Pictures (27)"_s, u"/srv/a (b) (3)"_s};
     ASSERT_FALSE(FolderFile::save(path, entries));
-    EXPECT_EQ(dir.read(u"FoldFile.INI"_s), QByteArray("/home/u/Pictures (27)\r\n/srv/a (b) (3)\r\n"));
+    EXPECT_EQ(dir.read(u"FoldFile.INI"_s),
+              QByteArray("/home/u/Pictures (27)\r\n/srv/a (b) (3)\r\n"));
     EXPECT_EQ(FolderFile::load(path), entries);
 
     ASSERT_FALSE(FolderFile::save(path, {}));
@@ -42,8 +43,8 @@ TEST(SettingsText, ParsesNumbersStrictlyAndRoundsIntegersHalfToEven) {
     EXPECT_EQ(number, 6435.5);
     EXPECT_FALSE(SettingsText::toNumber(u"+12"_s, number));
     EXPECT_EQ(number, 12);
-    for (const QString& bad : {QString(), u"12abc"_s, u"1,000"_s, u"inf"_s, u"nan"_s, u"-"_s,
-                               u"++1"_s, u"0x10"_s})
+    for (const QString& bad :
+         {QString(), u"12abc"_s, u"1,000"_s, u"inf"_s, u"nan"_s, u"-"_s, u"++1"_s, u"0x10"_s})
         EXPECT_EQ(SettingsText::toNumber(bad, number).number(), 13) << bad.toStdString();
     EXPECT_EQ(number, 12);
 

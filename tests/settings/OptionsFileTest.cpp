@@ -11,9 +11,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QByteArray defaultFile() {
-    return crlfLines({"75", "300", "6570", "6435", "2850", "50", "7080", "6930", "115", "115", "2",
-                      "3390", "2130", "90", "3390", "3750", "2430", "0", "5000", "500", "R",
-                      "MailAddr.MLS", "", "", "False", "True", "True", "True", "False"});
+    return crlfLines({"75",    "300",  "6570", "6435", "2850", "50",           "7080", "6930",
+                      "115",   "115",  "2",    "3390", "2130", "90",           "3390", "3750",
+                      "2430",  "0",    "5000", "500",  "R",    "MailAddr.MLS", "",     "",
+                      "False", "True", "True", "True", "False"});
 }
 
 struct OptionsFileTest : ::testing::Test {

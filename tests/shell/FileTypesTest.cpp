@@ -30,9 +30,21 @@ TEST(FileTypeTables, ExtensionTableHoldsTheGroupsInOrder) {
         int index;
         const char16_t* ext;
     };
-    for (const Probe& p : {Probe{0, u"JPG"}, {5, u"BMP"}, {12, u"AWD"}, {27, u"PCT"}, {28, u"WAV"},
-                           {31, u"AVI"}, {34, u"MP3"}, {35, u"M3U"}, {36, u"MAC"}, {38, u"MSP"},
-                           {39, u"TXT"}, {55, u"MSG"}, {56, u"DAT"}, {57, u"CDA"}, {58, u"DBF"},
+    for (const Probe& p : {Probe{0, u"JPG"},
+                           {5, u"BMP"},
+                           {12, u"AWD"},
+                           {27, u"PCT"},
+                           {28, u"WAV"},
+                           {31, u"AVI"},
+                           {34, u"MP3"},
+                           {35, u"M3U"},
+                           {36, u"MAC"},
+                           {38, u"MSP"},
+                           {39, u"TXT"},
+                           {55, u"MSG"},
+                           {56, u"DAT"},
+                           {57, u"CDA"},
+                           {58, u"DBF"},
                            {62, u"WK4"}})
         EXPECT_EQ(t[p.index], QString::fromUtf16(p.ext)) << p.index;
     for (const QString& ext : t)
@@ -103,10 +115,10 @@ TEST_F(ClassifyFixture, TextAndDatabaseRangesSetTheirFlags) {
         const char16_t* name;
         bool text, database;
     };
-    for (const Case& c : {Case{u"a.txt", true, false}, Case{u"a.msg", true, false},
-                          Case{u"a.dat", true, false}, Case{u"a.cda", true, false},
-                          Case{u"a.dbf", false, true}, Case{u"a.wk4", false, true},
-                          Case{u"a.wav", false, false}, Case{u"a.msp", false, false}}) {
+    for (const Case& c :
+         {Case{u"a.txt", true, false}, Case{u"a.msg", true, false}, Case{u"a.dat", true, false},
+          Case{u"a.cda", true, false}, Case{u"a.dbf", false, true}, Case{u"a.wk4", false, true},
+          Case{u"a.wav", false, false}, Case{u"a.msp", false, false}}) {
         const QString name = QString::fromUtf16(c.name);
         EXPECT_TRUE(classify(name)) << name.toStdString();
         EXPECT_EQ(isText, c.text) << name.toStdString();
@@ -141,12 +153,12 @@ TEST(GetFileFormatCode, GivesTheTablesCodesByExactMatch) {
         const char16_t* ext;
         qint16 code;
     };
-    for (const Case& c : {Case{u"JPG", 10}, {u"TIFF", 3}, {u"MPT", 3}, {u"BMP", 6}, {u"ICO", 91},
-                          {u"CUR", 92}, {u"DCX", 1}, {u"PCD", 57}, {u"FPX", 80}, {u"DIC", 90},
-                          {u"EMF", 116}, {u"XPM", 109}, {u"IFF", 112}, {u"CUT", 108},
-                          {u"PSD", 76}, {u"TGA", 4}, {u"EPS", 16}, {u"JBG", 115}, {u"RAS", 55},
-                          {u"WPG", 54}, {u"PCT", 56}, {u"MAC", 51}, {u"IMG", 52}, {u"MSP", 53},
-                          {u"CMP", 0}, {u"AWD", 0}, {u"jpg", 0}, {u"WAV", 0}, {u"", 0}})
+    for (const Case& c :
+         {Case{u"JPG", 10}, {u"TIFF", 3},  {u"MPT", 3},  {u"BMP", 6},  {u"ICO", 91},  {u"CUR", 92},
+          {u"DCX", 1},      {u"PCD", 57},  {u"FPX", 80}, {u"DIC", 90}, {u"EMF", 116}, {u"XPM", 109},
+          {u"IFF", 112},    {u"CUT", 108}, {u"PSD", 76}, {u"TGA", 4},  {u"EPS", 16},  {u"JBG", 115},
+          {u"RAS", 55},     {u"WPG", 54},  {u"PCT", 56}, {u"MAC", 51}, {u"IMG", 52},  {u"MSP", 53},
+          {u"CMP", 0},      {u"AWD", 0},   {u"jpg", 0},  {u"WAV", 0},  {u"", 0}})
         EXPECT_EQ(GetFileFormatCode(QString::fromUtf16(c.ext)), c.code)
             << QString::fromUtf16(c.ext).toStdString();
     EXPECT_EQ(GetFileFormatCode(u"PBM"_s), 75);
@@ -158,12 +170,19 @@ TEST(GetFileKindName, FollowsItsOwnBoundsAndTheSystemExtensions) {
         const char16_t* name;
         const char16_t* kind;
     };
-    for (const Case& c : {Case{u"X.JPG", u"Picture"}, {u"x.pct", u"Picture"},
-                          {u"X.WAV", u"Multimedia"}, {u"X.MSP", u"Multimedia"},
-                          {u"X.TXT", u"Document"}, {u"X.CDA", u"Document"},
-                          {u"X.DAT", u"Document"}, {u"X.WK4", u"Database"},
-                          {u"X.INI", u"System"}, {u"X.SYS", u"System"}, {u"x.bat", u"System"},
-                          {u"X.DOS", u"System"}, {u"X.ZIP", u"Miscellaneous"},
+    for (const Case& c : {Case{u"X.JPG", u"Picture"},
+                          {u"x.pct", u"Picture"},
+                          {u"X.WAV", u"Multimedia"},
+                          {u"X.MSP", u"Multimedia"},
+                          {u"X.TXT", u"Document"},
+                          {u"X.CDA", u"Document"},
+                          {u"X.DAT", u"Document"},
+                          {u"X.WK4", u"Database"},
+                          {u"X.INI", u"System"},
+                          {u"X.SYS", u"System"},
+                          {u"x.bat", u"System"},
+                          {u"X.DOS", u"System"},
+                          {u"X.ZIP", u"Miscellaneous"},
                           {u"README", u"Miscellaneous"}})
         EXPECT_EQ(GetFileKindName(QString::fromUtf16(c.name)), QString::fromUtf16(c.kind))
             << QString::fromUtf16(c.name).toStdString();

@@ -191,10 +191,10 @@ private Q_SLOTS:
         m_dir->write(u"Options.INI"_s, "120\r\n240\r\nwide\r\n");
         (*m_messages)->answer(u"pc"_s);
         auto window = start();
-        QCOMPARE((*m_messages)->texts(),
-                 (QStringList{kColorsMissing,
-                              u"Error Loading Application Options - 13 Type mismatch"_s,
-                              kNetworkTitle}));
+        QCOMPARE(
+            (*m_messages)->texts(),
+            (QStringList{kColorsMissing, u"Error Loading Application Options - 13 Type mismatch"_s,
+                         kNetworkTitle}));
         QCOMPARE(globals().gMainLeft, 120.0);
         QCOMPARE(globals().gMainTop, 240.0);
         QCOMPARE(globals().gMainHeight, 6570.0);
@@ -232,8 +232,8 @@ private Q_SLOTS:
         bool savedBeforeFrameClosed = false;
         frame.onClose = [&] {
             order.append(u"MDIForm1"_s);
-            savedBeforeFrameClosed = m_dir->exists(u"Options.INI"_s) &&
-                                     optionLines().value(4) == u"3000"_s;
+            savedBeforeFrameClosed =
+                m_dir->exists(u"Options.INI"_s) && optionLines().value(4) == u"3000"_s;
         };
         player.onClose = [&] { order.append(u"AudioVideo1"_s); };
 
@@ -292,8 +292,8 @@ private Q_SLOTS:
 
     void startFillsTheFilterListAndTheWorkingFolders() {
         writeOptions([](OptionSettings&) {});
-        QVERIFY(!FolderFile::save(m_dir->file(u"FoldFile.INI"_s),
-                                  {u"/tmp (27)"_s, u"/home (31)"_s}));
+        QVERIFY(
+            !FolderFile::save(m_dir->file(u"FoldFile.INI"_s), {u"/tmp (27)"_s, u"/home (31)"_s}));
         auto window = start();
         auto* filters = window->findChild<QComboBox*>(u"CMBFILEFLTR"_s);
         QVERIFY(filters);

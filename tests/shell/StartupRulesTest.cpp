@@ -10,8 +10,11 @@ TEST(StartupRules, MainWindowIsKeptOnScreenWithUpperBoundsOnly) {
     struct Case {
         double left, top, wantLeft, wantTop;
     };
-    for (const Case& c : {Case{9000, 7000, 8800, 6600}, {8800, 6600, 8800, 6600},
-                          {8800.5, 6600.5, 8800, 6600}, {-500, -40, -500, -40}, {75, 300, 75, 300}}) {
+    for (const Case& c : {Case{9000, 7000, 8800, 6600},
+                          {8800, 6600, 8800, 6600},
+                          {8800.5, 6600.5, 8800, 6600},
+                          {-500, -40, -500, -40},
+                          {75, 300, 75, 300}}) {
         OptionSettings options;
         options.gMainLeft = c.left;
         options.gMainTop = c.top;
