@@ -14,6 +14,7 @@
 #include "shell/StartupRules.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDateTime>
@@ -109,6 +110,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     buildControls();
     buildMenus();
     Form_Load();
+    qApp->installEventFilter(this);
 }
 
 Quorvane1::~Quorvane1() = default;
@@ -541,13 +543,26 @@ void Quorvane1::changeEvent(QEvent* event) {
         Form_Activate();
 }
 
+void Quorvane1::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The first showing counts as the first activation, also where no window manager
+    // activates windows.
+    if (mFirstActivate)
+        Form_Activate();
+}
+
 void Quorvane1::closeEvent(QCloseEvent* event) {
     Form_Unload();
     event->accept();
 }
 
-void Quorvane1::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && globals().gSearchArmed)
-        globals().gSearchArmed = false;
-    QMainWindow::keyPressEvent(event);
+bool Quorvane1::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (widget && widget->window() == this && key->key() == Qt::Key_Escape &&
+            globals().gSearchArmed)
+            globals().gSearchArmed = false;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }

@@ -54,8 +54,10 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    // The window sees the keys of its controls first.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();
