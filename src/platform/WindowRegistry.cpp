@@ -7,6 +7,10 @@ QHash<QString, QPointer<QWidget>>& windows() {
     static QHash<QString, QPointer<QWidget>> registry;
     return registry;
 }
+QHash<QString, WindowRegistry::Factory>& factories() {
+    static QHash<QString, WindowRegistry::Factory> registry;
+    return registry;
+}
 } // namespace
 
 void WindowRegistry::add(const QString& name, QWidget* window) {
@@ -24,4 +28,23 @@ bool WindowRegistry::unload(const QString& name) {
         return false;
     window->close();
     return true;
+}
+
+void WindowRegistry::setFactory(const QString& name, Factory factory) {
+    if (factory)
+        factories().insert(name, std::move(factory));
+    else
+        factories().remove(name);
+}
+
+QWidget* WindowRegistry::touch(const QString& name) {
+    if (QWidget* existing = find(name))
+        return existing;
+    const auto it = factories().constFind(name);
+    if (it == factories().constEnd())
+        return nullptr;
+    QWidget* created = (*it)();
+    if (created)
+        add(name, created);
+    return created;
 }

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
+
 // The single instances of the program's windows, addressed by name. A window enters the
 // registry in its load and leaves it when it is destroyed; get() creates a window on first
 // touch, which runs its load.
@@ -23,4 +25,11 @@ public:
 
     // Closes the named window when it exists; true when a window was closed.
     static bool unload(const QString& name);
+
+    // How a window that another part of the program provides is made on first touch.
+    using Factory = std::function<QWidget*()>;
+    static void setFactory(const QString& name, Factory factory);
+    // The named window, made by its factory when it does not exist yet; nothing when no
+    // factory is known for it.
+    static QWidget* touch(const QString& name);
 };

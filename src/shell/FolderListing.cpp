@@ -22,8 +22,8 @@ bool FolderListing::read(const QString& folder) {
         if (name.empty() || name.front() == '.')
             continue;
         std::error_code typeError;
-        m_all.push_back({QFile::decodeName(QByteArray::fromStdString(name)),
-                         it->is_directory(typeError)});
+        m_all.push_back(
+            {QFile::decodeName(QByteArray::fromStdString(name)), it->is_directory(typeError)});
     }
     std::sort(m_all.begin(), m_all.end(), [](const Entry& a, const Entry& b) {
         if (a.isFolder != b.isFolder)

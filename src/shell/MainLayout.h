@@ -6,8 +6,15 @@
 namespace MainLayout {
 
 // The six buttons of the top row that hide themselves when the window gets narrow.
-enum TopButton { UpFldrBtn, LargeIconsBtn, SmallIconsBtn, ListlIconsBtn, DetailIconsBtn,
-                 QuikPictBtn, TopButtonCount };
+enum TopButton {
+    UpFldrBtn,
+    LargeIconsBtn,
+    SmallIconsBtn,
+    ListlIconsBtn,
+    DetailIconsBtn,
+    QuikPictBtn,
+    TopButtonCount
+};
 
 struct Input {
     double width = 0;  // of the window

@@ -1,18 +1,23 @@
 #pragma once
 
+#include "shell/MainLayout.h"
+
 #include <QMainWindow>
 
 #include <array>
 
+class ChildFrm1;
 class QAction;
 class QComboBox;
-class QFileSystemModel;
 class QFrame;
 class QLabel;
-class QListView;
 class QListWidget;
+class QMenu;
 class QTimer;
+class QToolButton;
 class QTreeView;
+class ShellList;
+class ShellTreeModel;
 
 // The main browser window, and the start and end of the program: constructing it runs the
 // start-up sequence, closing it the shutdown sequence.
@@ -38,6 +43,12 @@ public:
 
     void DisableSelectMenus();
     void EnableSelectMenus();
+    void InitializeDisplay();
+    void SetRootSymbol() {}
+    // Adds a path to the history of viewed files and folders and selects it there.
+    void AddtoCMBFILE(const QString& path);
+    // Sends a file to its display: a document window, the player, or nowhere.
+    void DisplayImage(const QString& file);
 
     // Classification of a file name; see FileTypes.
     QString GetFileExt(const QString& name) const;
@@ -49,45 +60,95 @@ public:
 
     const QString& fileExt() const { return mFileExt; }
     bool isTextFile() const { return mIsTextFile; }
+    void setTextFileFlag(bool on) { mIsTextFile = on; }
     const QString& helpFile() const { return m_helpFile; }
     const QString& fileFilter(int index) const { return mFileFilter.at(index); }
+    // The folder shown by the folder tree and the file list.
+    QString treeFolder() const;
+    int searchRootIndex() const { return mSearchRootIndex; }
+    bool quikPictOn() const { return mQuikPictOn; }
+    bool listActive() const { return mListActive; }
+    // How often EnableSelectMenus ran since the window was made.
+    int enableSelectMenusRuns() const { return m_enableSelectRuns; }
+    ShellList* shellList() const { return PTxShList1; }
+    ShellTreeModel* shellTree() const { return m_treeModel; }
+
+    // Opens the help contents; a failure is told in a box.
+    void showHelp();
+    // Shows a folder in the tree and the list.
+    void showFolder(const QString& folder);
 
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    // The window sees the keys of its controls first.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    // The window sees the keys of its controls first; the splitter's drag goes through here.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();
+    void buildButtons(QWidget* client);
     void buildMenus();
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption);
+    QAction* command(const char* name) const;
+    QToolButton* makeButton(QWidget* parent, const char* name, const QString& toolTip,
+                            const QIcon& icon, const QString& text = {});
     void linkShellControls();
     void fillFilterTables();
     void loadWorkingFolders();
     void applyColors();
     void showClock();
+    void applyLayout(const MainLayout::Geometry& g);
+    void showNamedWindow(const char* name, bool modal);
+    void setListFilterFromCombo();
 
     void Form_Load();
     void Form_Activate();
+    void Form_Resize();
     void Form_Unload();
 
-    void mnuUtilitiesNetw_Click();
+    // Handlers
+    void PTxShList1_SelectionChanged(const QString& path);
+    void PTxShList1_DblClick(const QString& path);
+    void PTxShTree1_Click(const QModelIndex& index);
+    void CMBFILE_Click(int index);
     void CMBFILEFLTR_Click(int index);
+    void filterButton_Click(int row, bool filterAfter);
+    void viewButton_Click(int view);
+    void UpFldrBtn_Click();
+    void FoldrBtn_Click();
+    void QuikPictBtn_Click();
+    void mnuFileOpen_Click();
+    void mnuFileClose_Click();
+    void mnuFilePrint_Click();
+    void mnuFileSend_Click();
+    void mnuFileProptee_Click();
+    void mnuOrganizeFileMaint_Click();
+    void callActiveChild(void (ChildFrm1::*handler)());
+    void mnuUtilitiesNetw_Click();
+    void mnuUtilitiesRefresh_Click();
+    void mnuUtilitiesUnExpand_Click();
+    void splitterDrag(int xPixelsInFrame1);
 
     // State of the window
     bool mFirstActivate = true;
     QString mFileExt;
     bool mIsTextFile = false;
     bool mQuikPictOn = false;
+    bool mDragging = false;
+    bool mHistoryAdding = false;
     bool mListActive = false;
+    int mSearchRootIndex = 0;
     int mStartView = 0;
     std::array<QString, 63> mFileFilter;
     double mTreeRatio = 0;
     double mListRatio = 0;
     QString m_helpFile;
     bool m_unloaded = false;
+    int m_enableSelectRuns = 0;
 
     // Controls
     QFrame* Frame1 = nullptr;
@@ -99,11 +160,17 @@ private:
     std::array<QLabel*, 2> Label2{};
     QComboBox* PTxShCombo1 = nullptr;
     QTreeView* PTxShTree1 = nullptr;
-    QListView* PTxShList1 = nullptr;
+    ShellList* PTxShList1 = nullptr;
     QComboBox* CMBFILEFLTR = nullptr;
     QComboBox* CMBFILE = nullptr;
     QListWidget* List1 = nullptr;
     QTimer* Timer1 = nullptr;
-    QFileSystemModel* m_folderModel = nullptr;
-    QFileSystemModel* m_fileModel = nullptr;
+    std::array<QToolButton*, MainLayout::TopButtonCount> m_topButtons{};
+    QToolButton* HelpBtn = nullptr;
+    QToolButton* ExitBtn = nullptr;
+    QToolButton* FoldrBtn = nullptr;
+    QToolButton* QuikPictBtn = nullptr;
+    QToolButton* SendBtn = nullptr;
+    QToolButton* PrintBtn = nullptr;
+    ShellTreeModel* m_treeModel = nullptr;
 };

@@ -22,8 +22,8 @@ ShellList::ShellList(QWidget* parent)
     m_details->setAllColumnsShowFocus(true);
     m_details->header()->setStretchLastSection(false);
     m_details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(m_icons),
-                                    static_cast<QAbstractItemView*>(m_details)}) {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(m_icons), static_cast<QAbstractItemView*>(m_details)}) {
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
         connect(view, &QAbstractItemView::activated, this, &ShellList::activate);
@@ -119,8 +119,8 @@ bool ShellList::selectName(const QString& name) {
     if (row < 0)
         return false;
     const QModelIndex index = m_model->index(row, 0);
-    m_icons->selectionModel()->setCurrentIndex(
-        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_icons->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                          QItemSelectionModel::Rows);
     currentView()->scrollTo(index);
     return true;
 }

@@ -160,8 +160,8 @@ int ShellNamespace::reveal(const QString& path) {
         current = PathUtil::join(current, part);
         const Node* parent = m_list[static_cast<size_t>(index)];
         int found = -1;
-        for (int i = index + 1; i < count() && m_list[static_cast<size_t>(i)]->depth > parent->depth;
-             ++i) {
+        for (int i = index + 1;
+             i < count() && m_list[static_cast<size_t>(i)]->depth > parent->depth; ++i) {
             if (m_list[static_cast<size_t>(i)]->parent == parent &&
                 m_list[static_cast<size_t>(i)]->path == current) {
                 found = i;

@@ -13,7 +13,7 @@
 class ShellNamespace {
 public:
     struct Node {
-        QString path;        // empty for a node that is no folder
+        QString path; // empty for a node that is no folder
         QString displayName;
         bool isFileSystem = true;
         bool isLink = false;

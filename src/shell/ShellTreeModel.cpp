@@ -30,7 +30,8 @@ QModelIndex ShellTreeModel::index(int row, int column, const QModelIndex& parent
     if (column != 0 || row < 0)
         return {};
     if (!parent.isValid())
-        return row == 0 ? createIndex(0, 0, const_cast<Node*>(&m_namespace.node(0))) : QModelIndex();
+        return row == 0 ? createIndex(0, 0, const_cast<Node*>(&m_namespace.node(0)))
+                        : QModelIndex();
     const auto& children = m_namespace.children(nodeOf(parent));
     if (static_cast<size_t>(row) >= children.size())
         return {};
@@ -107,8 +108,8 @@ void ShellTreeModel::onCollapsed(const QModelIndex& index) {
         return;
     // The namespace collapses the whole branch; the view must not reopen it later.
     std::vector<const Node*> branch;
-    for (int i = shown + 1; i < m_namespace.count() && m_namespace.node(i).depth > nodeOf(index)->depth;
-         ++i) {
+    for (int i = shown + 1;
+         i < m_namespace.count() && m_namespace.node(i).depth > nodeOf(index)->depth; ++i) {
         if (m_namespace.node(i).expanded)
             branch.push_back(&m_namespace.node(i));
     }

@@ -1,0 +1,446 @@
+#include "documents/MDIForm1.h"
+
+#include "documents/ChildFrm1.h"
+#include "platform/Messages.h"
+#include "platform/SettingColor.h"
+#include "platform/Twips.h"
+#include "platform/WindowRegistry.h"
+#include "shell/FileTypes.h"
+#include "shell/Globals.h"
+#include "shell/Quorvane1.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Quorvane1* mainWindow() {
+    return qobject_cast<Quorvane1*>(WindowRegistry::find(Quorvane1::WindowName()));
+}
+
+void paint(QWidget* widget, qint32 back, qint32 fore, std::optional<bool> bold = {}) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, SettingColor::toQColor(back));
+    palette.setColor(QPalette::WindowText, SettingColor::toQColor(fore));
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+    if (bold) {
+        QFont font = widget->font();
+        font.setBold(*bold);
+        widget->setFont(font);
+    }
+}
+
+} // namespace
+
+QString MDIForm1::WindowName() {
+    return u"MDIForm1"_s;
+}
+
+MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent) {
+    setObjectName(WindowName());
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAcceptDrops(true);
+    setWindowTitle(tr("Quorvane - The Windows File Utility"));
+
+    auto* client = new QWidget(this);
+    auto* layout = new QVBoxLayout(client);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_area = new QMdiArea(client);
+    m_area->setObjectName(u"MDIClient"_s);
+    m_area->setAccessibleName(tr("Documents"));
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    layout->addWidget(m_area, 1);
+
+    Frame1 = new QFrame(client);
+    Frame1->setObjectName(u"Frame1"_s);
+    Frame1->setFixedHeight(Twips::toPixels(375));
+    auto* strip = new QHBoxLayout(Frame1);
+    strip->setContentsMargins(2, 2, 2, 2);
+    for (int i = 0; i < 4; ++i) {
+        Label1[i] = new QLabel(Frame1);
+        Label1[i]->setObjectName(u"Label1(%1)"_s.arg(i));
+        Label1[i]->setFrameShape(QFrame::Panel);
+        Label1[i]->setFrameShadow(QFrame::Sunken);
+        Label1[i]->setWordWrap(i == 0);
+        strip->addWidget(Label1[i], i == 0 ? 1 : 0);
+    }
+    Label1[0]->setAccessibleName(tr("Document path"));
+    Label1[1]->setAccessibleName(tr("Picture size"));
+    Label1[2]->setAccessibleName(tr("Picture bits"));
+    Label1[3]->setAccessibleName(tr("File size"));
+    Label1[1]->setFixedWidth(Twips::toPixels(1500));
+    Label1[2]->setFixedWidth(Twips::toPixels(1500));
+    Label1[3]->setFixedWidth(Twips::toPixels(1800));
+    layout->addWidget(Frame1);
+    setCentralWidget(client);
+
+    buildToolbar();
+    m_states.fill(true);
+    buildMenus();
+    connect(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+        auto* child = qobject_cast<ChildFrm1*>(window);
+        showMenusOf(child);
+        if (child)
+            child->Form_Activate();
+    });
+
+    WindowRegistry::add(WindowName(), this);
+    // Load
+    mChildCount = 0;
+    SetMDIWinSize();
+    globals().gFrameOpen = true;
+}
+
+MDIForm1::~MDIForm1() {
+    Form_Unload();
+}
+
+void MDIForm1::buildToolbar() {
+    Toolbar1 = addToolBar(tr("Documents"));
+    Toolbar1->setObjectName(u"Toolbar1"_s);
+    Toolbar1->setMovable(false);
+    Toolbar1->setIconSize(QSize(24, 24));
+    m_group = new QActionGroup(this);
+    m_group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (const FrameButtons::Button& b : FrameButtons::buttons()) {
+        const QString key = QString::fromLatin1(b.key);
+        QAction* action = nullptr;
+        if (b.image == 0) {
+            action = Toolbar1->addSeparator();
+        } else {
+            action = Toolbar1->addAction(QIcon(u":/toolbar/"_s + key + u".png"_s), key);
+            action->setToolTip(tr(b.toolTip));
+            action->setCheckable(true);
+            m_group->addAction(action);
+            connect(action, &QAction::triggered, this,
+                    [this, action] { Toolbar1_ButtonClick(action); });
+        }
+        action->setObjectName(key);
+        action->setData(key);
+        m_buttons.push_back(action);
+    }
+    for (QAction* action : m_buttons) {
+        if (QWidget* widget = Toolbar1->widgetForAction(action))
+            widget->setAccessibleName(action->toolTip());
+    }
+}
+
+void MDIForm1::buildMenus() {
+    QMenu* file = new QMenu(tr("&File"), this);
+    file->setObjectName(u"mnuFile"_s);
+    QAction* open = file->addAction(tr("&Open File"));
+    open->setObjectName(u"mnuFileOpen"_s);
+    connect(open, &QAction::triggered, this, &MDIForm1::mnuFileOpen_Click);
+    QAction* find = file->addAction(tr("Find Files"));
+    find->setObjectName(u"mnuFileFind"_s);
+    QAction* findNext = file->addAction(tr("Find Next File"));
+    findNext->setObjectName(u"mnuFileFindNext"_s);
+    file->addSeparator();
+    QAction* exit = file->addAction(tr("Exit"));
+    exit->setObjectName(u"mnuFileExit"_s);
+    connect(exit, &QAction::triggered, this, &QWidget::close);
+
+    QMenu* utilities = new QMenu(tr("&Utilities"), this);
+    utilities->setObjectName(u"mnuUtilities"_s);
+    utilities->addAction(tr("Set Working Folders"))->setObjectName(u"mnuUtilitiesSetFoldr"_s);
+    utilities->addAction(tr("Set Application Colors"))->setObjectName(u"mnuUtilitiesColor"_s);
+    utilities->addAction(tr("Set Application Options"))->setObjectName(u"mnuUtilitiesOptions"_s);
+
+    QMenu* help = new QMenu(tr("&Help"), this);
+    help->setObjectName(u"mnuHelp"_s);
+    help->addAction(tr("Contents"))->setObjectName(u"mnuHelpContents"_s);
+    help->addAction(tr("Search Help"))->setObjectName(u"mnuHelpSearch"_s);
+    help->addAction(tr("Quick Tips"))->setObjectName(u"mnuHelpQuikTips"_s);
+    help->addAction(tr("About Quorvane"))->setObjectName(u"mnuAbout"_s);
+
+    m_ownMenus = {file, utilities, help};
+    showMenusOf(nullptr);
+}
+
+void MDIForm1::showMenusOf(ChildFrm1* child) {
+    menuBar()->clear();
+    for (QMenu* menu : child ? child->menus() : m_ownMenus)
+        menuBar()->addMenu(menu);
+}
+
+void MDIForm1::applyButtonStates() {
+    for (int n = 1; n <= FrameButtons::Count; ++n)
+        button(n)->setEnabled(m_states[static_cast<size_t>(n)]);
+}
+
+void MDIForm1::DisableButtons() {
+    FrameButtons::DisableButtons(m_states);
+    applyButtonStates();
+}
+
+void MDIForm1::EnableButtons() {
+    FrameButtons::EnableButtons(m_states);
+    applyButtonStates();
+}
+
+void MDIForm1::EnableMDIButtons() {
+    FrameButtons::EnableMDIButtons(m_states);
+    applyButtonStates();
+}
+
+void MDIForm1::EnableTextButtons() {
+    FrameButtons::EnableTextButtons(m_states);
+    applyButtonStates();
+}
+
+void MDIForm1::EnableDataButtons() {
+    FrameButtons::EnableDataButtons(m_states);
+    applyButtonStates();
+}
+
+void MDIForm1::setButtonDown(int number, bool down) {
+    QAction* action = button(number);
+    if (action->isCheckable())
+        action->setChecked(down);
+}
+
+void MDIForm1::SetMDIWinSize() {
+    const Globals& g = globals();
+    move(Twips::toPixels(g.gFrameLeft), Twips::toPixels(g.gFrameTop));
+    resize(std::max(1, Twips::toPixels(g.gFrameWidth)),
+           std::max(1, Twips::toPixels(g.gFrameHeight)));
+}
+
+ChildFrm1* MDIForm1::activeChild() const {
+    if (auto* child = qobject_cast<ChildFrm1*>(m_area->activeSubWindow()))
+        return child;
+    // While the frame itself is not active the workspace may report none: take the top one.
+    const QList<QMdiSubWindow*> windows = m_area->subWindowList(QMdiArea::StackingOrder);
+    for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
+        if (auto* child = qobject_cast<ChildFrm1*>(*it))
+            return child;
+    }
+    return nullptr;
+}
+
+QList<ChildFrm1*> MDIForm1::children() const {
+    QList<ChildFrm1*> result;
+    for (QMdiSubWindow* window : m_area->subWindowList(QMdiArea::CreationOrder)) {
+        if (auto* child = qobject_cast<ChildFrm1*>(window))
+            result.append(child);
+    }
+    return result;
+}
+
+void MDIForm1::addChild(ChildFrm1* child) {
+    m_area->addSubWindow(child);
+    child->show();
+    m_area->setActiveSubWindow(child);
+}
+
+void MDIForm1::showEmptyState() {
+    mChildCount = 0;
+    for (QLabel* label : Label1)
+        label->clear();
+    DisableButtons();
+    EnableMDIButtons();
+    setWindowTitle(Messages::caption());
+    showMenusOf(nullptr);
+}
+
+void MDIForm1::NewWindowFile() {
+    Globals& g = globals();
+    auto* child = new ChildFrm1(this, g.gCurrentFile);
+    mLastFile = g.gCurrentFile;
+    if (child->FILE_TYPE.isEmpty() && !child->mBadLoad) {
+        // A clip dropped on the frame: the player takes it.
+        child->deleteLater();
+    } else {
+        addChild(child);
+    }
+    if (Quorvane1* main = mainWindow()) {
+        main->EnableSelectMenus();
+        main->setTextFileFlag(false);
+    }
+}
+
+void MDIForm1::mnuFileOpen_Click() {
+    Globals& g = globals();
+    Quorvane1* main = mainWindow();
+    Messages::FileRequest request;
+    request.title = tr("Select File to Open");
+    request.folder = main ? main->treeFolder() : QString();
+    request.filterPairs = FileTypes::dialogFilter();
+    request.filterIndex = mOpenFilterIndex;
+    const QString name = Messages::instance().openFileName(request, this);
+    if (name.trimmed().isEmpty())
+        return;
+    g.gCurrentFile = name;
+    if (main)
+        main->GetFileTypeFlag(name);
+    NewWindowFile();
+    if (main)
+        main->AddtoCMBFILE(name);
+}
+
+void MDIForm1::mnuHelpContents_Click() {
+    if (Quorvane1* main = mainWindow())
+        main->showHelp();
+}
+
+void MDIForm1::Toolbar1_ButtonClick(QAction* action) {
+    const QString tag = action->data().toString();
+    const int number = FrameButtons::numberOf(tag);
+    ChildFrm1* child = activeChild();
+    const bool documents = mChildCount >= 1 && child;
+    if (tag == u"Open"_s) {
+        if (documents)
+            child->mnuFileOpen_Click();
+        else
+            mnuFileOpen_Click();
+    } else if (tag == u"Close"_s) {
+        if (mChildCount > 0 && child)
+            child->mnuFileClose_Click();
+        else
+            close();
+    } else if (tag == u"Help"_s) {
+        if (documents)
+            child->mnuHelpContents_Click();
+        else
+            mnuHelpContents_Click();
+        setButtonDown(19, false);
+        return;
+    } else if (documents) {
+        static const QHash<QString, void (ChildFrm1::*)()> commands = {
+            {u"Save"_s, &ChildFrm1::mnuFileSaveAs_Click},
+            {u"Rename"_s, &ChildFrm1::mnuFileRename_Click},
+            {u"Move"_s, &ChildFrm1::mnuFileMove_Click},
+            {u"Delete"_s, &ChildFrm1::mnuFileDelete_Click},
+            {u"Print"_s, &ChildFrm1::mnuFilePrint_Click},
+            {u"Send"_s, &ChildFrm1::mnuFileSend_Click},
+            {u"Copy"_s, &ChildFrm1::mnuEditCopy_Click},
+            {u"Table"_s, &ChildFrm1::mnuViewTable_Click},
+            {u"Index"_s, &ChildFrm1::mnuViewIndex_Click},
+            {u"Normal"_s, &ChildFrm1::mnuViewNormal_Click},
+            {u"Stretch"_s, &ChildFrm1::mnuViewStretch_Click},
+            {u"Resize"_s, &ChildFrm1::mnuImageResize_Click},
+            {u"Brightness"_s, &ChildFrm1::mnuImageBrightness_Click},
+        };
+        if (const auto command = commands.value(tag))
+            (child->*command)();
+    }
+    if (number > 0 && FrameButtons::buttons()[static_cast<size_t>(number - 1)].liftedAfterClick)
+        setButtonDown(number, false);
+}
+
+void MDIForm1::Form_Activate() {
+    const Globals& g = globals();
+    m_area->setBackground(SettingColor::toQColor(g.gPictureWindowColor));
+    paint(Frame1, g.gMainBackColor, g.gMainForeColor);
+    for (QLabel* label : Label1)
+        paint(label, g.gDisplayBackColor, g.gDisplayForeColor, g.gBoldType);
+
+    ChildFrm1* child = activeChild();
+    if (mChildCount >= 1 && child) {
+        if (child->FILE_TYPE == u"T"_s)
+            EnableTextButtons();
+        else if (child->FILE_TYPE == u"D"_s)
+            EnableDataButtons();
+        else if (child->FILE_TYPE == u"I"_s)
+            EnableButtons();
+    } else {
+        for (QLabel* label : Label1)
+            label->clear();
+        setWindowTitle(Messages::caption());
+        DisableButtons();
+        EnableMDIButtons();
+    }
+    Quorvane1* main = mainWindow();
+    if (main && main->mOpenPending) {
+        setCursor(Qt::WaitCursor);
+        NewWindowFile();
+        unsetCursor();
+    }
+    if (main)
+        main->mOpenPending = false;
+}
+
+void MDIForm1::Form_Resize() {
+    const auto w =
+        static_cast<qint16>(std::clamp(Twips::fromPixels(width()) - 5450, -32768.0, 32767.0));
+    if (w > 500)
+        Label1[3]->setFixedWidth(Twips::toPixels(w));
+    if (Quorvane1* main = mainWindow())
+        main->SetWinSizeVariables();
+}
+
+void MDIForm1::Form_Unload() {
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    globals().gFrameOpen = false;
+}
+
+void MDIForm1::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        m_activatedOnce = true;
+        Form_Activate();
+    }
+}
+
+void MDIForm1::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The first showing counts as an activation, also where no window manager activates it.
+    if (!m_activatedOnce) {
+        m_activatedOnce = true;
+        Form_Activate();
+    }
+}
+
+void MDIForm1::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    Form_Resize();
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+    m_area->closeAllSubWindows();
+    Form_Unload();
+    event->accept();
+}
+
+void MDIForm1::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void MDIForm1::dropEvent(QDropEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.isEmpty() || !urls.constFirst().isLocalFile())
+        return;
+    setCursor(Qt::WaitCursor);
+    Globals& g = globals();
+    g.gCurrentFile = urls.constFirst().toLocalFile();
+    if (Quorvane1* main = mainWindow())
+        main->GetFileTypeFlag(g.gCurrentFile);
+    NewWindowFile();
+    unsetCursor();
+    event->acceptProposedAction();
+}
