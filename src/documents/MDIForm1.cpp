@@ -400,9 +400,14 @@ void MDIForm1::Form_Unload() {
 
 void MDIForm1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        m_activatedOnce = true;
-        Form_Activate();
+    // Activation runs once each time the window becomes the active one.
+    if (event->type() == QEvent::ActivationChange) {
+        const bool active = isActiveWindow();
+        if (active && !m_active) {
+            m_activatedOnce = true;
+            Form_Activate();
+        }
+        m_active = active;
     }
 }
 

@@ -89,4 +89,5 @@ private:
     QString mLastFile;
     bool m_activatedOnce = false;
     bool m_unloaded = false;
+    bool m_active = false;
 };

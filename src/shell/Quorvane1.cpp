@@ -1122,8 +1122,13 @@ void Quorvane1::showClock() {
 
 void Quorvane1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        Form_Activate();
+    // Activation runs once each time the window becomes the active one.
+    if (event->type() == QEvent::ActivationChange) {
+        const bool active = isActiveWindow();
+        if (active && !m_active)
+            Form_Activate();
+        m_active = active;
+    }
 }
 
 void Quorvane1::showEvent(QShowEvent* event) {

@@ -148,6 +148,7 @@ private:
     double mListRatio = 0;
     QString m_helpFile;
     bool m_unloaded = false;
+    bool m_active = false;
     int m_enableSelectRuns = 0;
 
     // Controls

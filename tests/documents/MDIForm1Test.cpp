@@ -1,0 +1,162 @@
+#include "documents/MDIForm1.h"
+#include "documents/ChildFrm1.h"
+#include "platform/Twips.h"
+#include "support/MainWindowHarness.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QLabel>
+#include <QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+class MDIForm1Test : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<MainWindowHarness> h;
+
+    MDIForm1* frame() {
+        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+
+    // Displays a file from the main window as a double click would, and waits for its window.
+    void display(const QString& name) {
+        const qint16 before = frame() ? frame()->mChildCount : 0;
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(name));
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(frame()->mChildCount, qint16(before + 1));
+        QVERIFY(QTest::qWaitForWindowActive(frame()));
+    }
+
+    QList<int> enabledButtons() {
+        QList<int> on;
+        for (int n = 1; n <= FrameButtons::Count; ++n) {
+            if (frame()->button(n)->isEnabled())
+                on.append(n);
+        }
+        return on;
+    }
+
+private Q_SLOTS:
+    void init() {
+        h = std::make_unique<MainWindowHarness>();
+        for (const char* name : {"x.jpg", "table.mdb", "old.dbf", "notes.txt"})
+            h->folder().write(QString::fromLatin1(name), "data");
+        h->start();
+    }
+
+    void cleanup() { h.reset(); }
+
+    void anEmptyFrameOffersOpenAndHelpOnly() {
+        auto* f = WindowRegistry::get<MDIForm1>();
+        f->show();
+        QVERIFY(globals().gFrameOpen);
+        QCOMPARE(f->windowTitle(), u"Quorvane 2.5"_s);
+        QCOMPARE(enabledButtons(), (QList<int>{1, 19, 20}));
+        f->DisableButtons();
+        QVERIFY(frame()->button(20)->isEnabled());
+        QCOMPARE(f->button(20)->toolTip(), u"Help with Quorvane"_s);
+        QCOMPARE(f->button(19)->objectName(), u"Sep4"_s);
+        QVERIFY(f->button(19)->isSeparator());
+        QCOMPARE(f->menuBar()->actions().size(), 3);
+    }
+
+    void closeWithoutADocumentClosesTheFrame() {
+        auto* f = WindowRegistry::get<MDIForm1>();
+        f->show();
+        // With no document the button closes the frame itself.
+        QAction* closeButton = f->button(FrameButtons::numberOf(u"Close"_s));
+        closeButton->setEnabled(true);
+        closeButton->trigger();
+        QTRY_VERIFY(!frame());
+        QVERIFY(!globals().gFrameOpen);
+        QVERIFY(h->window()->isVisible());
+    }
+
+    void aPictureAfterADatabaseLeavesTableAndIndexDisabled() {
+        display(u"table.mdb"_s);
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"D"_s);
+        QVERIFY(frame()->button(12)->isEnabled());
+        QVERIFY(frame()->button(13)->isEnabled());
+        QVERIFY(!frame()->button(14)->isEnabled());
+        display(u"x.jpg"_s);
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"I"_s);
+        QVERIFY(!frame()->button(12)->isEnabled());
+        QVERIFY(!frame()->button(13)->isEnabled());
+        QVERIFY(frame()->button(14)->isEnabled());
+        QVERIFY(frame()->button(17)->isEnabled());
+    }
+
+    void kindsChooseTheirButtonsAndADbaseFileHasNoTableButton() {
+        display(u"notes.txt"_s);
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"T"_s);
+        QCOMPARE(enabledButtons(), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 10, 19, 20}));
+        display(u"old.dbf"_s);
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"D"_s);
+        QCOMPARE(frame()->activeChild()->mExt, u"DBF"_s);
+        QVERIFY(!frame()->button(12)->isEnabled());
+        QVERIFY(frame()->button(13)->isEnabled());
+        // The document's own menus take the place of the frame's.
+        QCOMPARE(frame()->menuBar()->actions().size(), 7);
+    }
+
+    void closingTheLastDocumentRestoresTheEmptyFrame() {
+        display(u"x.jpg"_s);
+        display(u"notes.txt"_s);
+        frame()->activeChild()->mnuFileClose_Click();
+        QCOMPARE(frame()->mChildCount, qint16(1));
+        frame()->activeChild()->close();
+        QCOMPARE(frame()->mChildCount, qint16(0));
+        QCOMPARE(frame()->windowTitle(), u"Quorvane 2.5"_s);
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(frame()->statusLabel(i)->text().isEmpty());
+        QCOMPARE(enabledButtons(), (QList<int>{1, 19, 20}));
+        QVERIFY(globals().gFrameOpen);
+    }
+
+    void buttonsThatStayDownAndButtonsThatLift() {
+        display(u"x.jpg"_s);
+        QAction* normal = frame()->button(14);
+        QAction* resize = frame()->button(17);
+        normal->trigger();
+        QVERIFY(normal->isChecked());
+        resize->trigger();
+        QVERIFY(!resize->isChecked());
+    }
+
+    void aLongPathGetsATallerStrip() {
+        // Paths of 40 and 41 characters.
+        const QString folder = h->folder().path() + u'/';
+        QVERIFY(folder.size() < 34);
+        const QString shortName = QString(40 - folder.size() - 4, u'a') + u".txt"_s;
+        const QString longName = QString(41 - folder.size() - 4, u'b') + u".txt"_s;
+        h->folder().write(shortName, "x");
+        h->folder().write(longName, "x");
+        display(shortName);
+        QCOMPARE(frame()->statusStrip()->height(), Twips::toPixels(375));
+        QCOMPARE(frame()->statusLabel(0)->text(), folder + shortName);
+        display(longName);
+        QCOMPARE(frame()->statusStrip()->height(), Twips::toPixels(550));
+        QCOMPARE(frame()->statusLabel(1)->height(), Twips::toPixels(460));
+        QVERIFY(frame()->statusLabel(0)->text().contains(u"/ "_s));
+        QCOMPARE(frame()->statusLabel(0)->toolTip(), folder + longName);
+    }
+
+    void theFramesGeometryIsSavedOnlyWhileItIsOpen() {
+        display(u"x.jpg"_s);
+        frame()->move(300, 40);
+        h->window()->SetWinSizeVariables();
+        QCOMPARE(globals().gFrameLeft, 4500.0);
+        QCOMPARE(globals().gFrameTop, 600.0);
+        frame()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!globals().gFrameOpen);
+        h->window()->SetWinSizeVariables();
+        QCOMPARE(globals().gFrameLeft, 4500.0);
+    }
+};
+
+QTEST_MAIN(MDIForm1Test)
+#include "MDIForm1Test.moc"

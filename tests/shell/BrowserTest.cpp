@@ -1,0 +1,307 @@
+#include "documents/ChildFrm1.h"
+#include "documents/MDIForm1.h"
+#include "platform/TextFile.h"
+#include "platform/Twips.h"
+#include "shell/FileListModel.h"
+#include "shell/ShellList.h"
+#include "support/MainWindowHarness.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QToolButton>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A window of a later part of the program, standing in for it.
+class StandIn : public QWidget {
+public:
+    int shows = 0;
+
+protected:
+    void showEvent(QShowEvent* event) override {
+        ++shows;
+        QWidget::showEvent(event);
+    }
+};
+
+QStringList listed(ShellList* list) {
+    QStringList names;
+    const FolderListing& listing = list->model()->listing();
+    for (int i = 0; i < listing.count(); ++i)
+        names.append(listing.entry(i).name);
+    return names;
+}
+
+} // namespace
+
+class BrowserTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<MainWindowHarness> h;
+
+    QAction* action(const char* name) {
+        return h->window()->findChild<QAction*>(QString::fromLatin1(name));
+    }
+    template <class T> T* control(const char* name) {
+        T* found = h->window()->findChild<T*>(QString::fromLatin1(name));
+        if (!found)
+            qWarning("no control %s", name);
+        return found;
+    }
+    void select(const QString& name) { QVERIFY(h->window()->shellList()->selectName(name)); }
+    MDIForm1* frame() {
+        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+
+private Q_SLOTS:
+    void init() {
+        h = std::make_unique<MainWindowHarness>();
+        for (const char* name : {"a.wav", "song.mp3", "b.wk4", "c.xls", "CATALOG", "x.jpg", "y.jpg",
+                                 "notes.txt", "table.mdb", "X.ZIP", "X.CDA", "X.DAT"})
+            h->folder().write(QString::fromLatin1(name), "data");
+        QDir(h->folder().path()).mkdir(u"sub"_s);
+        h->start();
+    }
+
+    void cleanup() {
+        WindowRegistry::setFactory(u"AudioVideo1"_s, nullptr);
+        h.reset();
+    }
+
+    void startShowsTheProgramFolderWithEveryControlNamed() {
+        ShellList* list = h->window()->shellList();
+        QCOMPARE(list->folder(), h->folder().path());
+        QVERIFY(listed(list).contains(u"x.jpg"_s));
+        QCOMPARE(listed(list).first(), u"sub"_s);
+        for (const char* name :
+             {"PictBtn",        "SoundBtn",    "MusicBtn",      "VideoBtn",      "TextBtn",
+              "DataBtn",        "UpFldrBtn",   "LargeIconsBtn", "SmallIconsBtn", "ListlIconsBtn",
+              "DetailIconsBtn", "QuikPictBtn", "FoldrBtn",      "HelpBtn",       "ExitBtn",
+              "FindBtn",        "FindNextBtn", "PrintBtn",      "SendBtn",       "ThumbsBtn",
+              "OrgViewBtn",     "OrgMaintBtn"}) {
+            auto* button = control<QToolButton>(name);
+            QVERIFY2(button, name);
+            QVERIFY2(!button->accessibleName().isEmpty(), name);
+            QVERIFY2(!button->toolTip().isEmpty(), name);
+        }
+        QCOMPARE(control<QToolButton>("ExitBtn")->toolTip(), u"Exit Vistrel"_s);
+        QVERIFY(!action("mnuFileMove")->isEnabled());
+        QVERIFY(!control<QToolButton>("SendBtn")->isEnabled());
+    }
+
+    void aSoundSelectionEnablesQuickViewAndTheMenusTwice() {
+        for (const QString& name : {u"a.wav"_s, u"song.mp3"_s}) {
+            const int before = h->window()->enableSelectMenusRuns();
+            select(name);
+            QCOMPARE(globals().gCurrentFile, h->folder().file(name));
+            QCOMPARE(globals().gCurrentFolder, h->folder().path());
+            QVERIFY(control<QToolButton>("QuikPictBtn")->isEnabled());
+            QCOMPARE(h->window()->enableSelectMenusRuns() - before, 2);
+            QVERIFY(action("mnuFileDelete")->isEnabled());
+            QVERIFY(control<QToolButton>("SendBtn")->isEnabled());
+        }
+        const int before = h->window()->enableSelectMenusRuns();
+        select(u"x.jpg"_s);
+        QCOMPARE(h->window()->enableSelectMenusRuns() - before, 1);
+        select(u"notes.txt"_s);
+        QVERIFY(!control<QToolButton>("QuikPictBtn")->isEnabled());
+        QVERIFY(h->window()->isTextFile());
+    }
+
+    void tableCommandsFollowTheExtensionAndLotusGetsNone() {
+        select(u"b.wk4"_s);
+        QVERIFY(action("mnuFileMove")->isEnabled());
+        QVERIFY(!action("mnuViewTable")->isEnabled());
+        QVERIFY(!action("mnuViewComments")->isEnabled());
+        QVERIFY(!action("mnuFileIndex")->isEnabled());
+        select(u"c.xls"_s);
+        QVERIFY(action("mnuViewTable")->isEnabled());
+        QVERIFY(action("mnuViewComments")->isEnabled());
+        QVERIFY(action("mnuFileIndex")->isEnabled());
+        select(u"sub"_s); // a folder has no current file
+        QVERIFY(globals().gCurrentFile.isEmpty());
+        QVERIFY(!action("mnuViewTable")->isEnabled());
+        QVERIFY(!action("mnuFileMove")->isEnabled());
+    }
+
+    void filterRowsAndButtonsFilterTheList() {
+        auto* filter = control<QComboBox>("CMBFILEFLTR");
+        ShellList* list = h->window()->shellList();
+        filter->setCurrentIndex(31);
+        QCOMPARE(listed(list), (QStringList{u"sub"_s, u"CATALOG"_s, u"Colors.INI"_s, u"notes.txt"_s,
+                                            u"Options.INI"_s}));
+        QTest::mouseClick(control<QToolButton>("PictBtn"), Qt::LeftButton);
+        QCOMPARE(filter->currentIndex(), 27);
+        QCOMPARE(listed(list), (QStringList{u"sub"_s, u"x.jpg"_s, u"y.jpg"_s}));
+        QTest::mouseClick(control<QToolButton>("DataBtn"), Qt::LeftButton);
+        QCOMPARE(filter->currentIndex(), 32);
+        QCOMPARE(listed(list), (QStringList{u"sub"_s, u"b.wk4"_s, u"c.xls"_s, u"table.mdb"_s}));
+        QTest::mouseClick(control<QToolButton>("SoundBtn"), Qt::LeftButton);
+        QCOMPARE(listed(list), (QStringList{u"sub"_s, u"a.wav"_s}));
+    }
+
+    void viewButtonsSetTheViewAndTheOption() {
+        QTest::mouseClick(control<QToolButton>("DetailIconsBtn"), Qt::LeftButton);
+        QCOMPARE(h->window()->shellList()->view(), 3);
+        QCOMPARE(globals().gViewMode, qint16(3));
+        QTest::mouseClick(control<QToolButton>("ListlIconsBtn"), Qt::LeftButton);
+        QCOMPARE(globals().gViewMode, qint16(2));
+        h->window()->close();
+        QCOMPARE(TextFile::readLines(h->folder().file(u"Options.INI"_s)).lines.value(17), u"2"_s);
+    }
+
+    void upFolderAndTheTreeMoveTheListAndTheCaption() {
+        QDir(h->folder().path()).mkpath(u"sub/inner"_s);
+        h->window()->showFolder(h->folder().file(u"sub/inner"_s));
+        QCOMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub/inner"_s));
+        QCOMPARE(h->window()->windowTitle(), u"inner - Quorvane 2.5"_s);
+        auto* history = control<QComboBox>("CMBFILE");
+        QCOMPARE(history->currentText(), h->folder().file(u"sub/inner"_s));
+        QTest::mouseClick(control<QToolButton>("UpFldrBtn"), Qt::LeftButton);
+        QCOMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub"_s));
+        auto* tree = control<QTreeView>("PTxShTree1");
+        QCOMPARE(tree->currentIndex().data().toString(), u"sub"_s);
+        QVERIFY(h->window()->searchRootIndex() > 0);
+    }
+
+    void workingFoldersAreSteppedRoundAndABadEntryIsReported() {
+        auto* folders = control<QListWidget>("List1");
+        folders->addItems(
+            {h->folder().file(u"sub"_s) + u" (31)"_s, h->folder().path() + u" (27)"_s, QString()});
+        folders->setCurrentRow(0);
+        auto* button = control<QToolButton>("FoldrBtn");
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub"_s));
+        QCOMPARE(control<QComboBox>("CMBFILEFLTR")->currentIndex(), 31);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(h->window()->shellList()->folder(), h->folder().path());
+        QCOMPARE(control<QComboBox>("CMBFILEFLTR")->currentIndex(), 27);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(h->messages().texts(),
+                 QStringList(2, u"Error in Folder List Setup - Please Set up Folder List"_s));
+        QCOMPARE(folders->currentRow(), 2);
+    }
+
+    void narrowingHidesTheClockAndEachTopButtonByItsOwnLeft() {
+        Quorvane1* w = h->window();
+        auto widthInTwips = [](double twips) { return Twips::toPixels(twips); };
+        w->resize(widthInTwips(6200), w->height()); // 6195 twips
+        QVERIFY(control<QFrame>("Frame4(0)")->isVisibleTo(w));
+        QVERIFY(!control<QToolButton>("UpFldrBtn")->isVisibleTo(w));
+        QVERIFY(control<QToolButton>("LargeIconsBtn")->isVisibleTo(w));
+        w->resize(widthInTwips(5700), w->height()); // 5700 twips
+        QVERIFY(!control<QFrame>("Frame4(0)")->isVisibleTo(w));
+        QVERIFY(!control<QFrame>("Frame4(1)")->isVisibleTo(w));
+        QVERIFY(!control<QToolButton>("LargeIconsBtn")->isVisibleTo(w));
+        QVERIFY(control<QToolButton>("SmallIconsBtn")->isVisibleTo(w));
+        QVERIFY(control<QToolButton>("QuikPictBtn")->isVisibleTo(w));
+        w->resize(widthInTwips(8000), w->height());
+        QVERIFY(control<QFrame>("Frame4(0)")->isVisibleTo(w));
+        QVERIFY(control<QToolButton>("UpFldrBtn")->isVisibleTo(w));
+        QCOMPARE(globals().gMainWidth, 7995.0); // 533 pixels
+    }
+
+    void clipsGoToThePlayerRoad() {
+        auto* player = new StandIn;
+        WindowRegistry::setFactory(u"AudioVideo1"_s, [player] { return player; });
+        globals().gCurrentFile = u"/before"_s;
+        for (const char* name : {"X.CDA", "X.DAT", "a.wav"}) {
+            const QString path = h->folder().file(QString::fromLatin1(name));
+            h->window()->DisplayImage(path);
+            QCOMPARE(globals().gOpenFile, path);
+            QCOMPARE(globals().gCurrentFile, u"/before"_s);
+            QVERIFY(!h->window()->mOpenPending);
+        }
+        QVERIFY(player->shows >= 1);
+        QVERIFY(!frame());
+        QVERIFY(h->messages().shown().isEmpty());
+        delete player;
+    }
+
+    void unknownTypesAreRefusedAndFoldersIgnored() {
+        globals().gCurrentFile = u"/before"_s;
+        h->window()->DisplayImage(h->folder().file(u"X.ZIP"_s));
+        QCOMPARE(h->messages().texts(),
+                 QStringList{u"File Type is not Supported by this Software"_s});
+        QCOMPARE(globals().gCurrentFile, u"/before"_s);
+        h->messages().clear();
+        h->window()->DisplayImage(h->folder().file(u"sub"_s));
+        QVERIFY(h->messages().shown().isEmpty());
+        QVERIFY(globals().gCurrentFile.isEmpty());
+        QVERIFY(!frame());
+    }
+
+    void aDocumentOpensInTheFrameAndTheHistoryFindsItByCaption() {
+        const QString x = h->folder().file(u"x.jpg"_s);
+        const QString y = h->folder().file(u"y.jpg"_s);
+        h->window()->DisplayImage(x);
+        h->window()->AddtoCMBFILE(x);
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(frame()->mChildCount, qint16(1));
+        QVERIFY(QTest::qWaitForWindowActive(frame()));
+        QVERIFY(globals().gFrameOpen);
+        QVERIFY(!h->window()->mOpenPending);
+        QCOMPARE(frame()->activeChild()->windowTitle(), x);
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"I"_s);
+        QCOMPARE(frame()->statusLabel(0)->toolTip(), x);
+        QCOMPARE(frame()->statusLabel(3)->text(), u"4  Bytes"_s);
+
+        h->activateMain();
+        h->window()->DisplayImage(y);
+        h->window()->AddtoCMBFILE(y);
+        QTRY_COMPARE(frame()->mChildCount, qint16(2));
+        QVERIFY(QTest::qWaitForWindowActive(frame()));
+        QCOMPARE(frame()->activeChild()->windowTitle(), y);
+
+        h->activateMain();
+        auto* history = control<QComboBox>("CMBFILE");
+        const int xRow = history->findText(x);
+        QVERIFY(xRow >= 0);
+        Q_EMIT history->activated(xRow);
+        QTRY_COMPARE(frame()->activeChild()->windowTitle(), x);
+        QCOMPARE(frame()->mChildCount, qint16(2));
+
+        // Closing the main window closes the frame with it.
+        h->window()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!globals().gFrameOpen);
+        QVERIFY(!frame());
+    }
+
+    void theOpenDialogUsesTheFilterRowAsItsIndex() {
+        control<QComboBox>("CMBFILEFLTR")->setCurrentIndex(7);
+        h->messages().answer(QString()); // Cancel
+        action("mnuFileOpen")->trigger();
+        QCOMPARE(h->messages().shown().size(), 1);
+        const RecordingMessages::Shown& shown = h->messages().shown().first();
+        QCOMPARE(shown.kind, u"open"_s);
+        QCOMPARE(shown.title, u"Select File to Open"_s);
+        QVERIFY(shown.text.startsWith(u"JPeg and Lead Compressed|*.JPG;*.CMP|"_s));
+        QCOMPARE(shown.proposed, h->folder().path());
+        QVERIFY(!frame());
+    }
+
+    void theListRefusesToRenameInPlace() {
+        ShellList* list = h->window()->shellList();
+        select(u"x.jpg"_s);
+        QAbstractItemView* view = list->currentView();
+        QTest::keyClick(view, Qt::Key_F2);
+        const QList<QLineEdit*> editors = view->findChildren<QLineEdit*>();
+        for (QLineEdit* editor : editors)
+            QVERIFY(!editor->isVisible());
+        QVERIFY(!(list->model()->flags(list->model()->index(0, 0)) & Qt::ItemIsEditable));
+    }
+};
+
+QTEST_MAIN(BrowserTest)
+#include "BrowserTest.moc"
