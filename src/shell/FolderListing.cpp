@@ -18,7 +18,7 @@ bool FolderListing::read(const QString& folder) {
                               fs::directory_options::skip_permission_denied, error);
     const bool readable = !error;
     for (; !error && it != fs::directory_iterator(); it.increment(error)) {
-        const std::string& name = it->path().filename().native();
+        const std::string name = it->path().filename().native();
         if (name.empty() || name.front() == '.')
             continue;
         std::error_code typeError;

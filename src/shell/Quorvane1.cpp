@@ -1183,17 +1183,18 @@ bool Quorvane1::eventFilter(QObject* watched, QEvent* event) {
             globals().gSearchArmed = false;
     }
     if (watched == Frame5) {
-        const auto* mouse = static_cast<QMouseEvent*>(event);
         switch (event->type()) {
         case QEvent::MouseButtonPress:
-            if (mouse->button() == Qt::LeftButton) {
+            if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
                 mDragging = true;
                 setCursor(Qt::SplitHCursor);
             }
             break;
         case QEvent::MouseMove:
-            if (mDragging)
+            if (mDragging) {
+                const auto* mouse = static_cast<QMouseEvent*>(event);
                 splitterDrag(Frame5->mapTo(Frame1, mouse->position().toPoint()).x());
+            }
             break;
         case QEvent::MouseButtonRelease:
             if (mDragging) {
