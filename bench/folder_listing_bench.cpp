@@ -28,7 +28,8 @@ QString g_folder;
 QString makeFolder(QTemporaryDir& dir, int files) {
     const char* extensions[] = {"jpg", "txt", "wav", "dbf", "png", "doc", "zip", "log"};
     for (int i = 0; i < files; ++i) {
-        const QString name = QStringLiteral("file%1.%2").arg(i, 6, 10, QLatin1Char('0'))
+        const QString name = QStringLiteral("file%1.%2")
+                                 .arg(i, 6, 10, QLatin1Char('0'))
                                  .arg(QString::fromLatin1(extensions[i % 8]));
         QFile(dir.filePath(name)).open(QIODevice::WriteOnly);
     }

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Draws the program's own toolbar pictures and delivered bitmaps.
 
-Writes the 16 toolbar pictures (24 x 24 PNG with transparency) to src/documents/images/ and
-the delivered bitmaps (24-bit BMP) to resources/BMPS/. Uses the standard library only.
+Writes the 16 toolbar pictures (24 x 24 PNG with transparency) to src/documents/images/, the
+main window's picture buttons (20 x 20 PNG) to src/shell/images/, and the delivered bitmaps
+(24-bit BMP) to resources/BMPS/. Uses the standard library only.
 Run it from anywhere: python3 scripts/make-images.py
 """
 import math
@@ -267,6 +268,106 @@ def toolbar():
     return len(icons)
 
 
+def buttons():
+    """The picture buttons of the main window, 20 x 20."""
+    out = os.path.join(TOP, "src", "shell", "images")
+    icons = {}
+
+    def magnifier(c):
+        c.ring(8, 8, 5.5, DARK)
+        c.ring(8, 8, 5, DARK)
+        c.disc(8, 8, 4.2, SKY)
+        c.line(12, 12, 18, 18, DARK, 3)
+
+    c = Canvas(20, 20)
+    magnifier(c)
+    icons["FindBtn"] = c
+
+    c = Canvas(20, 20)
+    magnifier(c)
+    arrow(c, 11, 3, 19, 3, GREEN, 1)
+    icons["FindNextBtn"] = c
+
+    c = Canvas(20, 20)
+    for x0, y0 in ((1, 1), (11, 1), (1, 11), (11, 11)):
+        landscape(c, x0, y0, x0 + 7, y0 + 7)
+    icons["ThumbsBtn"] = c
+
+    c = Canvas(20, 20)
+    for i, col in enumerate((RED, BLUE, GREEN, ORANGE)):
+        c.rect(2 + i * 4, 3 + (i % 2), 4 + i * 4, 18, col)
+        c.frame(2 + i * 4, 3 + (i % 2), 4 + i * 4, 18, DARK)
+    icons["OrgViewBtn"] = c
+
+    c = Canvas(20, 20)
+    c.polygon([(1, 4), (7, 4), (9, 6), (18, 6), (18, 17), (1, 17)], YELLOW)
+    c.frame(1, 4, 18, 17, DARK)
+    c.line(13, 9, 13, 15, GREEN, 2)
+    c.line(10, 12, 16, 12, GREEN, 2)
+    icons["OrgMaintBtn"] = c
+
+    c = Canvas(20, 20)
+    c.rect(5, 1, 14, 7, WHITE)
+    c.frame(5, 1, 14, 7, DARK)
+    c.rect(1, 7, 18, 14, GREY)
+    c.frame(1, 7, 18, 14, DARK)
+    c.rect(5, 11, 14, 18, WHITE)
+    c.frame(5, 11, 14, 18, DARK)
+    icons["PrintBtn"] = c
+
+    c = Canvas(20, 20)
+    c.rect(1, 4, 18, 15, WHITE)
+    c.frame(1, 4, 18, 15, DARK)
+    c.line(1, 4, 9.5, 10, DARK)
+    c.line(18, 4, 9.5, 10, DARK)
+    icons["SendBtn"] = c
+
+    c = Canvas(20, 20)
+    landscape(c, 1, 2, 18, 17)
+    icons["PictBtn"] = c
+
+    c = Canvas(20, 20)
+    c.rect(2, 7, 5, 12, DARK)
+    c.polygon([(5, 7), (10, 2), (10, 17), (5, 12)], DARK)
+    for r in (4, 7):
+        for a in range(-40, 41, 5):
+            c.set(10 + r * math.cos(math.radians(a)), 9.5 + r * math.sin(math.radians(a)), BLUE)
+    icons["SoundBtn"] = c
+
+    c = Canvas(20, 20)
+    c.disc(5, 15, 2.6, DARK)
+    c.disc(14, 13, 2.6, DARK)
+    c.line(7, 15, 7, 3, DARK, 2)
+    c.line(16, 13, 16, 1, DARK, 2)
+    c.line(7, 3, 16, 1, DARK, 2)
+    icons["MusicBtn"] = c
+
+    c = Canvas(20, 20)
+    c.rect(1, 3, 18, 16, DARK)
+    for x in range(2, 18, 3):
+        c.rect(x, 4, x + 1, 5, WHITE)
+        c.rect(x, 14, x + 1, 15, WHITE)
+    c.polygon([(7, 7), (13, 9.5), (7, 12)], YELLOW)
+    icons["VideoBtn"] = c
+
+    c = Canvas(20, 20)
+    page(c, 3, 1, 16, 18)
+    icons["TextBtn"] = c
+
+    c = Canvas(20, 20)
+    c.rect(1, 2, 18, 17, WHITE)
+    c.rect(1, 2, 18, 5, SKY)
+    for y in (2, 5, 9, 13, 17):
+        c.line(1, y, 18, y, DARK)
+    for x in (1, 7, 12, 18):
+        c.line(x, 2, x, 17, DARK)
+    icons["DataBtn"] = c
+
+    for name, canvas in icons.items():
+        canvas.png(os.path.join(out, name + ".png"))
+    return len(icons)
+
+
 def bitmaps():
     out = os.path.join(TOP, "resources", "BMPS")
 
@@ -313,4 +414,5 @@ def bitmaps():
 
 if __name__ == "__main__":
     print("toolbar pictures:", toolbar())
+    print("main window buttons:", buttons())
     print("delivered bitmaps:", bitmaps())

@@ -149,18 +149,14 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
 Quorvane1::~Quorvane1() = default;
 
 QToolButton* Quorvane1::makeButton(QWidget* parent, const char* name, const QString& toolTip,
-                                   const QIcon& icon, const QString& text) {
+                                   const QIcon& icon) {
     auto* button = new QToolButton(parent);
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(toolTip);
-    button->setAccessibleName(text.isEmpty() ? toolTip : text);
-    button->setAccessibleDescription(toolTip);
-    if (!icon.isNull())
-        button->setIcon(icon);
-    if (!text.isEmpty())
-        button->setText(text);
-    button->setToolButtonStyle(icon.isNull() ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly);
-    button->setAutoRaise(false);
+    // A picture button is known to screen readers by its tool tip.
+    button->setAccessibleName(toolTip);
+    button->setIcon(icon);
+    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
     return button;
 }
 
@@ -257,35 +253,28 @@ void Quorvane1::buildControls() {
 
 void Quorvane1::buildButtons(QWidget* client) {
     QStyle* style = QApplication::style();
+    auto picture = [](const char* name) {
+        return QIcon(u":/buttons/"_s + QString::fromLatin1(name) + u".png"_s);
+    };
     // The commands' row at the top left.
     struct Command {
         const char* name;
         const char* tip;
-        const char* text;
     };
     const Command commands[] = {
-        {"FindBtn", "Find Pictures, Images, Sounds, Music, and Videos", "Find"},
-        {"FindNextBtn", "Find Next Pictures, Images, Sounds, Music, and Videos", "Next"},
-        {"ThumbsBtn", "Quick View of Pictures in the Folder", "Thumbs"},
-        {"OrgViewBtn", "View Files by Group Library", "Groups"},
-        {"OrgMaintBtn", "Create and Maintain Frequently used Files in Groups", "Organize"},
-        {"PrintBtn", "Print Pictures", "Print"},
-        {"SendBtn", "Send Pictures, Images, Sounds, Music, and Videos", "Send"},
+        {"FindBtn", "Find Pictures, Images, Sounds, Music, and Videos"},
+        {"FindNextBtn", "Find Next Pictures, Images, Sounds, Music, and Videos"},
+        {"ThumbsBtn", "Quick View of Pictures in the Folder"},
+        {"OrgViewBtn", "View Files by Group Library"},
+        {"OrgMaintBtn", "Create and Maintain Frequently used Files in Groups"},
+        {"PrintBtn", "Print Pictures"},
+        {"SendBtn", "Send Pictures, Images, Sounds, Music, and Videos"},
     };
     double left = 60;
     for (const Command& c : commands) {
-        QToolButton* button = makeButton(client, c.name, tr(c.tip), {}, tr(c.text));
+        QToolButton* button = makeButton(client, c.name, tr(c.tip), picture(c.name));
         placeTwips(button, left, 15, kButtonSize, kButtonSize);
-        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
         left += kButtonStep;
-    }
-    // Text-only buttons need the room of their words.
-    left = 60;
-    for (const Command& c : commands) {
-        auto* button = client->findChild<QToolButton*>(QString::fromLatin1(c.name));
-        const int width = std::max(button->sizeHint().width(), px(kButtonSize));
-        button->setGeometry(px(left), px(15), width, px(kButtonSize));
-        left += tw(width) + 15;
     }
     PrintBtn = client->findChild<QToolButton*>(u"PrintBtn"_s);
     SendBtn = client->findChild<QToolButton*>(u"SendBtn"_s);
@@ -315,12 +304,12 @@ void Quorvane1::buildButtons(QWidget* client) {
     m_topButtons[MainLayout::DetailIconsBtn] = makeButton(
         client, "DetailIconsBtn", detail, style->standardIcon(QStyle::SP_FileDialogDetailedView));
     QuikPictBtn = makeButton(client, "QuikPictBtn", detail, QIcon());
-    QuikPictBtn->setAccessibleName(tr("Quick View"));
+    QuikPictBtn->setAccessibleDescription(tr("Quick View"));
     m_topButtons[MainLayout::QuikPictBtn] = QuikPictBtn;
     FoldrBtn =
         makeButton(client, "FoldrBtn", tr("Send Pictures, Images, Sounds, Music, and Videos"),
                    style->standardIcon(QStyle::SP_DirHomeIcon));
-    FoldrBtn->setAccessibleName(tr("Working Folders"));
+    FoldrBtn->setAccessibleDescription(tr("Working Folders"));
     HelpBtn =
         makeButton(client, "HelpBtn", tr("Help with Pictures, Images, Sounds, Music, and Videos"),
                    style->standardIcon(QStyle::SP_DialogHelpButton));
@@ -343,28 +332,23 @@ void Quorvane1::buildButtons(QWidget* client) {
     struct Filter {
         const char* name;
         const char* tip;
-        const char* text;
         int row;
         bool filterAfter;
     };
     const Filter filters[] = {
-        {"PictBtn", "Set File Display Filter to Images and Pictures", "Pictures", 27, true},
-        {"SoundBtn", "Set File Display Filter to Sounds (WAV Files)", "Sounds", 22, true},
-        {"MusicBtn", "Set File Display Filter to Music Files (MIDI and MP3 Files)", "Music", 25,
-         true},
-        {"VideoBtn", "Set File Display Filter to Audio/Visual Clips (AVI,MPG,MOV Files) ", "Video",
-         24, false},
-        {"TextBtn", "Set File Display Filter to Text Files (TXT,RTF,DOX,HTM,HTML,etc.)", "Text", 31,
+        {"PictBtn", "Set File Display Filter to Images and Pictures", 27, true},
+        {"SoundBtn", "Set File Display Filter to Sounds (WAV Files)", 22, true},
+        {"MusicBtn", "Set File Display Filter to Music Files (MIDI and MP3 Files)", 25, true},
+        {"VideoBtn", "Set File Display Filter to Audio/Visual Clips (AVI,MPG,MOV Files) ", 24,
          false},
-        {"DataBtn", "Set File Display Filter to Database (DBF,DB,MDB,XLS,WK4) Files", "Data", 32,
-         false},
+        {"TextBtn", "Set File Display Filter to Text Files (TXT,RTF,DOX,HTM,HTML,etc.)", 31, false},
+        {"DataBtn", "Set File Display Filter to Database (DBF,DB,MDB,XLS,WK4) Files", 32, false},
     };
     left = 60;
     for (const Filter& f : filters) {
-        QToolButton* button = makeButton(Frame2, f.name, tr(f.tip), {}, tr(f.text));
-        const int width = std::max(button->sizeHint().width(), px(kButtonSize));
-        button->setGeometry(px(left), px(75), width, px(kButtonSize));
-        left += tw(width) + 15;
+        QToolButton* button = makeButton(Frame2, f.name, tr(f.tip), picture(f.name));
+        placeTwips(button, left, 75, kButtonSize, kButtonSize);
+        left += kButtonStep;
         connect(button, &QToolButton::clicked, this,
                 [this, row = f.row, after = f.filterAfter] { filterButton_Click(row, after); });
     }
@@ -540,6 +524,7 @@ void Quorvane1::Form_Load() {
     linkShellControls();
     mStartView = PTxShList1->view();
     m_helpFile = PathUtil::join(g.gAppPath, u"Help/index.html"_s);
+    QuikPictBtn->setIcon(QIcon(PathUtil::join(g.gAppPath, u"BMPS/Picture3.Bmp"_s)));
     g.gFindNextReady = true;
     g.gSearchArmed = true;
     g.gSearchToReport = false;

@@ -95,7 +95,7 @@ private:
     QAction* addCommand(QMenu* menu, const char* name, const QString& caption);
     QAction* command(const char* name) const;
     QToolButton* makeButton(QWidget* parent, const char* name, const QString& toolTip,
-                            const QIcon& icon, const QString& text = {});
+                            const QIcon& icon);
     void linkShellControls();
     void fillFilterTables();
     void loadWorkingFolders();
