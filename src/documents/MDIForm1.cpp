@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -413,10 +414,15 @@ void MDIForm1::changeEvent(QEvent* event) {
 
 void MDIForm1::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    // The first showing counts as an activation, also where no window manager activates it.
+    // The first showing counts as an activation, also where no window manager activates the
+    // window; like an activation it comes after the code that showed the window is done.
     if (!m_activatedOnce) {
-        m_activatedOnce = true;
-        Form_Activate();
+        QTimer::singleShot(0, this, [this] {
+            if (!m_activatedOnce) {
+                m_activatedOnce = true;
+                Form_Activate();
+            }
+        });
     }
 }
 

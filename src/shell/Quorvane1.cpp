@@ -163,6 +163,7 @@ QToolButton* Quorvane1::makeButton(QWidget* parent, const char* name, const QStr
 void Quorvane1::buildControls() {
     auto* client = new QWidget(this);
     client->setObjectName(u"Quorvane1Client"_s);
+    client->setAccessibleName(tr("Quorvane"));
     setCentralWidget(client);
 
     Frame1 = makeFrame(client, u"Frame1"_s);

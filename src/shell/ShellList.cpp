@@ -14,6 +14,8 @@ ShellList::ShellList(QWidget* parent)
       m_details(new QTreeView(this)), m_stack(new QStackedLayout(this)) {
     m_icons->setObjectName(QStringLiteral("ShellListIcons"));
     m_details->setObjectName(QStringLiteral("ShellListDetails"));
+    m_icons->setAccessibleName(tr("Files"));
+    m_details->setAccessibleName(tr("Files in detail"));
     m_icons->setModel(m_model);
     m_details->setModel(m_model);
     m_details->setSelectionModel(m_icons->selectionModel());

@@ -53,7 +53,7 @@ private Q_SLOTS:
         auto* f = WindowRegistry::get<MDIForm1>();
         f->show();
         QVERIFY(globals().gFrameOpen);
-        QCOMPARE(f->windowTitle(), u"Quorvane 2.5"_s);
+        QTRY_COMPARE(f->windowTitle(), u"Quorvane 2.5"_s);
         QCOMPARE(enabledButtons(), (QList<int>{1, 19, 20}));
         f->DisableButtons();
         QVERIFY(frame()->button(20)->isEnabled());

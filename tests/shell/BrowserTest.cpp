@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -289,6 +291,54 @@ private Q_SLOTS:
         QVERIFY(shown.text.startsWith(u"JPeg and Lead Compressed|*.JPG;*.CMP|"_s));
         QCOMPARE(shown.proposed, h->folder().path());
         QVERIFY(!frame());
+    }
+
+    void everyNamedControlHasAnAccessibleName() {
+        QStringList missing;
+        for (QWidget* widget : h->window()->findChildren<QWidget*>()) {
+            const QString name = widget->objectName();
+            if (name.isEmpty() || name.startsWith(u"qt_"_s) || !widget->isVisibleTo(h->window()))
+                continue;
+            if (widget->accessibleName().isEmpty())
+                missing.append(name);
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u", "_s)));
+    }
+
+    void draggingTheSplitterMovesThePanesAndKeepsTheirRatio() {
+        auto* splitter = control<QFrame>("Frame5");
+        auto* tree = control<QTreeView>("PTxShTree1");
+        const int before = tree->width();
+        QTest::mousePress(splitter, Qt::LeftButton, {}, QPoint(2, 10));
+        QMouseEvent move(QEvent::MouseMove, QPointF(42, 10), splitter->mapToGlobal(QPointF(42, 10)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(splitter, &move);
+        QTest::mouseRelease(splitter, Qt::LeftButton, {}, QPoint(42, 10));
+        QVERIFY(tree->width() > before + 30);
+        QCOMPARE(globals().gTreeWidth, Twips::fromPixels(tree->width()));
+        auto* list = h->window()->shellList();
+        QVERIFY(splitter->x() >= tree->x() + tree->width());
+        QVERIFY(splitter->x() + splitter->width() <= list->x());
+    }
+
+    void aDroppedFileIsDisplayedAndTheFilterFollowsIt() {
+        auto* player = new StandIn;
+        WindowRegistry::setFactory(u"AudioVideo1"_s, [player] { return player; });
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(h->folder().file(u"notes.txt"_s)),
+                      QUrl::fromLocalFile(h->folder().file(u"a.wav"_s))});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton,
+                              Qt::NoModifier);
+        QCoreApplication::sendEvent(h->window(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(h->window(), &drop);
+        QCOMPARE(control<QComboBox>("CMBFILEFLTR")->currentIndex(), 31);
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(frame()->mChildCount, qint16(1));
+        QCOMPARE(frame()->activeChild()->FILE_TYPE, u"T"_s);
+        QCOMPARE(player->shows, 0); // only the first dropped file counts
+        delete player;
     }
 
     void theListRefusesToRenameInPlace() {
