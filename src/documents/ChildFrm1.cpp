@@ -21,10 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Quorvane1* mainWindow() {
-    return qobject_cast<Quorvane1*>(WindowRegistry::find(Quorvane1::WindowName()));
-}
-
 QString bytesText(qint64 size) {
     return QLocale().toString(size) + u"  Bytes"_s;
 }
@@ -166,7 +162,7 @@ void ChildFrm1::Form_Load() {
     m_frame->mLoadFailed = false;
 
     Globals& g = globals();
-    Quorvane1* main = mainWindow();
+    Quorvane1* main = Quorvane1::instance();
     if (main && main->isTextFile()) {
         FILE_TYPE = u"T"_s;
     } else if (g.gIsAudioVideoFile) {
@@ -269,7 +265,7 @@ void ChildFrm1::Form_Unload() {
             m_frame->EnableDataButtons();
         else if (FILE_TYPE == u"I"_s)
             m_frame->EnableButtons();
-        if (Quorvane1* main = mainWindow())
+        if (Quorvane1* main = Quorvane1::instance())
             main->DisableSelectMenus();
     } else {
         m_frame->showEmptyState();
@@ -282,16 +278,11 @@ void ChildFrm1::closeEvent(QCloseEvent* event) {
 }
 
 void ChildFrm1::mnuFileOpen_Click() {
-    Globals& g = globals();
-    Quorvane1* main = mainWindow();
-    Messages::FileRequest request;
-    request.title = tr("Select File to Open");
-    request.folder = main ? main->treeFolder() : QString();
-    request.filterPairs = FileTypes::dialogFilter();
-    request.filterIndex = m_frame->mOpenFilterIndex;
-    const QString name = Messages::instance().openFileName(request, this);
+    const QString name = m_frame->askDocumentToOpen(this);
     if (name.trimmed().isEmpty())
         return;
+    Globals& g = globals();
+    Quorvane1* main = Quorvane1::instance();
     g.gCurrentFile = name;
     if (main)
         main->GetFileTypeFlag(name);
@@ -305,7 +296,7 @@ void ChildFrm1::mnuFileClose_Click() {
 }
 
 void ChildFrm1::mnuHelpContents_Click() {
-    if (Quorvane1* main = mainWindow())
+    if (Quorvane1* main = Quorvane1::instance())
         main->showHelp();
 }
 

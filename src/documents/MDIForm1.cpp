@@ -1,9 +1,11 @@
 #include "documents/MDIForm1.h"
 
 #include "documents/ChildFrm1.h"
+#include "platform/DroppedFiles.h"
 #include "platform/Messages.h"
 #include "platform/SettingColor.h"
 #include "platform/Twips.h"
+#include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
@@ -32,26 +34,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-Quorvane1* mainWindow() {
-    return qobject_cast<Quorvane1*>(WindowRegistry::find(Quorvane1::WindowName()));
-}
-
-void paint(QWidget* widget, qint32 back, qint32 fore, std::optional<bool> bold = {}) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Window, SettingColor::toQColor(back));
-    palette.setColor(QPalette::WindowText, SettingColor::toQColor(fore));
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-    if (bold) {
-        QFont font = widget->font();
-        font.setBold(*bold);
-        widget->setFont(font);
-    }
-}
-
-} // namespace
+namespace {} // namespace
 
 QString MDIForm1::WindowName() {
     return u"MDIForm1"_s;
@@ -276,23 +259,18 @@ void MDIForm1::NewWindowFile() {
     } else {
         addChild(child);
     }
-    if (Quorvane1* main = mainWindow()) {
+    if (Quorvane1* main = Quorvane1::instance()) {
         main->EnableSelectMenus();
         main->setTextFileFlag(false);
     }
 }
 
 void MDIForm1::mnuFileOpen_Click() {
-    Globals& g = globals();
-    Quorvane1* main = mainWindow();
-    Messages::FileRequest request;
-    request.title = tr("Select File to Open");
-    request.folder = main ? main->treeFolder() : QString();
-    request.filterPairs = FileTypes::dialogFilter();
-    request.filterIndex = mOpenFilterIndex;
-    const QString name = Messages::instance().openFileName(request, this);
+    const QString name = askDocumentToOpen(this);
     if (name.trimmed().isEmpty())
         return;
+    Globals& g = globals();
+    Quorvane1* main = Quorvane1::instance();
     g.gCurrentFile = name;
     if (main)
         main->GetFileTypeFlag(name);
@@ -301,8 +279,18 @@ void MDIForm1::mnuFileOpen_Click() {
         main->AddtoCMBFILE(name);
 }
 
+QString MDIForm1::askDocumentToOpen(QWidget* parent) {
+    Quorvane1* main = Quorvane1::instance();
+    Messages::FileRequest request;
+    request.title = tr("Select File to Open");
+    request.folder = main ? main->treeFolder() : QString();
+    request.filterPairs = FileTypes::dialogFilter();
+    request.filterIndex = mOpenFilterIndex;
+    return Messages::instance().openFileName(request, parent);
+}
+
 void MDIForm1::mnuHelpContents_Click() {
-    if (Quorvane1* main = mainWindow())
+    if (Quorvane1* main = Quorvane1::instance())
         main->showHelp();
 }
 
@@ -354,9 +342,9 @@ void MDIForm1::Toolbar1_ButtonClick(QAction* action) {
 void MDIForm1::Form_Activate() {
     const Globals& g = globals();
     m_area->setBackground(SettingColor::toQColor(g.gPictureWindowColor));
-    paint(Frame1, g.gMainBackColor, g.gMainForeColor);
+    WidgetPaint::paint(Frame1, g.gMainBackColor, g.gMainForeColor);
     for (QLabel* label : Label1)
-        paint(label, g.gDisplayBackColor, g.gDisplayForeColor, g.gBoldType);
+        WidgetPaint::paint(label, g.gDisplayBackColor, g.gDisplayForeColor, g.gBoldType);
 
     ChildFrm1* child = activeChild();
     if (mChildCount >= 1 && child) {
@@ -373,7 +361,7 @@ void MDIForm1::Form_Activate() {
         DisableButtons();
         EnableMDIButtons();
     }
-    Quorvane1* main = mainWindow();
+    Quorvane1* main = Quorvane1::instance();
     if (main && main->mOpenPending) {
         setCursor(Qt::WaitCursor);
         NewWindowFile();
@@ -388,7 +376,7 @@ void MDIForm1::Form_Resize() {
         static_cast<qint16>(std::clamp(Twips::fromPixels(width()) - 5450, -32768.0, 32767.0));
     if (w > 500)
         Label1[3]->setFixedWidth(Twips::toPixels(w));
-    if (Quorvane1* main = mainWindow())
+    if (Quorvane1* main = Quorvane1::instance())
         main->SetWinSizeVariables();
 }
 
@@ -438,18 +426,18 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
 }
 
 void MDIForm1::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls())
+    if (!firstDroppedFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void MDIForm1::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.constFirst().isLocalFile())
+    const QString path = firstDroppedFile(event->mimeData());
+    if (path.isEmpty())
         return;
     setCursor(Qt::WaitCursor);
     Globals& g = globals();
-    g.gCurrentFile = urls.constFirst().toLocalFile();
-    if (Quorvane1* main = mainWindow())
+    g.gCurrentFile = path;
+    if (Quorvane1* main = Quorvane1::instance())
         main->GetFileTypeFlag(g.gCurrentFile);
     NewWindowFile();
     unsetCursor();

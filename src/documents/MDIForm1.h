@@ -60,6 +60,9 @@ public:
 
     void mnuFileOpen_Click();
     void mnuHelpContents_Click();
+    // Asks for a document to open, in the folder of the browser, with the dialogs' filter;
+    // an empty path on Cancel.
+    QString askDocumentToOpen(QWidget* parent);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -2,10 +2,12 @@
 
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "platform/DroppedFiles.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/SettingColor.h"
 #include "platform/Twips.h"
+#include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
 #include "settings/ColorsFile.h"
 #include "settings/FolderFile.h"
@@ -102,23 +104,6 @@ void placeTwips(QWidget* widget, double left, double top, double width, double h
     widget->setGeometry(px(left), px(top), std::max(0, px(width)), std::max(0, px(height)));
 }
 
-void paint(QWidget* widget, qint32 back, qint32 fore, std::optional<bool> bold = std::nullopt) {
-    QPalette palette = widget->palette();
-    const QColor backColor = SettingColor::toQColor(back);
-    const QColor foreColor = SettingColor::toQColor(fore);
-    for (QPalette::ColorRole role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        palette.setColor(role, backColor);
-    for (QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(role, foreColor);
-    widget->setPalette(palette);
-    widget->setAutoFillBackground(true);
-    if (bold) {
-        QFont font = widget->font();
-        font.setBold(*bold);
-        widget->setFont(font);
-    }
-}
-
 QFrame* makeFrame(QWidget* parent, const QString& name) {
     auto* frame = new QFrame(parent);
     frame->setObjectName(name);
@@ -134,6 +119,10 @@ MDIForm1* frameWindow() {
 
 QString Quorvane1::WindowName() {
     return u"Quorvane1"_s;
+}
+
+Quorvane1* Quorvane1::instance() {
+    return qobject_cast<Quorvane1*>(WindowRegistry::find(WindowName()));
 }
 
 Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
@@ -1049,15 +1038,15 @@ void Quorvane1::applyColors() {
     const Globals& g = globals();
     for (QWidget* widget : {static_cast<QWidget*>(centralWidget()), static_cast<QWidget*>(Frame1),
                             static_cast<QWidget*>(Frame2), static_cast<QWidget*>(Frame5)})
-        paint(widget, g.gMainBackColor, g.gMainForeColor);
+        WidgetPaint::paint(widget, g.gMainBackColor, g.gMainForeColor);
     for (QWidget* widget : {static_cast<QWidget*>(CMBFILEFLTR), static_cast<QWidget*>(CMBFILE),
                             static_cast<QWidget*>(PTxShTree1), static_cast<QWidget*>(PTxShCombo1)})
-        paint(widget, g.gListBackColor, g.gListForeColor, g.gBoldType);
+        WidgetPaint::paint(widget, g.gListBackColor, g.gListForeColor, g.gBoldType);
     PTxShList1->setColors(SettingColor::toQColor(g.gListBackColor),
                           SettingColor::toQColor(g.gListForeColor), g.gBoldType);
     for (int i = 0; i < 2; ++i) {
-        paint(Frame4[i], g.gMainBackColor, g.gMainForeColor);
-        paint(Label2[i], g.gMainBackColor, g.gMainForeColor, g.gBoldType);
+        WidgetPaint::paint(Frame4[i], g.gMainBackColor, g.gMainForeColor);
+        WidgetPaint::paint(Label2[i], g.gMainBackColor, g.gMainForeColor, g.gBoldType);
     }
 }
 
@@ -1136,15 +1125,14 @@ void Quorvane1::closeEvent(QCloseEvent* event) {
 }
 
 void Quorvane1::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls())
+    if (!firstDroppedFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void Quorvane1::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.constFirst().isLocalFile())
+    const QString path = firstDroppedFile(event->mimeData());
+    if (path.isEmpty())
         return;
-    const QString path = urls.constFirst().toLocalFile();
     const QString folder = PathUtil::folderOf(path);
     showFolder(folder);
     PTxShList1->selectName(PathUtil::nameOf(path));

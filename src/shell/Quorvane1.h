@@ -25,6 +25,8 @@ class Quorvane1 : public QMainWindow {
     Q_OBJECT
 public:
     static QString WindowName();
+    // The main window of the program, or none while it does not exist.
+    static Quorvane1* instance();
 
     explicit Quorvane1(QWidget* parent = nullptr);
     ~Quorvane1() override;
