@@ -286,7 +286,10 @@ QString MDIForm1::askDocumentToOpen(QWidget* parent) {
     request.folder = main ? main->treeFolder() : QString();
     request.filterPairs = FileTypes::dialogFilter();
     request.filterIndex = mOpenFilterIndex;
-    return Messages::instance().openFileName(request, parent);
+    const QString name = Messages::instance().openFileName(request, parent);
+    if (!name.isEmpty())
+        mOpenFilterIndex = static_cast<qint16>(request.filterIndex);
+    return name;
 }
 
 void MDIForm1::mnuHelpContents_Click() {

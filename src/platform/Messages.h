@@ -20,7 +20,7 @@ public:
     struct FileRequest {
         QString title;
         QString filterPairs; // "caption|mask|caption|mask..."
-        int filterIndex = 1; // one-based, as in the pairs
+        int filterIndex = 1; // one-based, as in the pairs; the dialog leaves the chosen one
         QString folder;
         QString fileName;
     };
@@ -35,8 +35,8 @@ public:
     virtual std::optional<QString> askText(const QString& title, const QString& label,
                                            const QString& proposed, QWidget* parent = nullptr) = 0;
     // The common open and save dialogs; an empty path on Cancel.
-    virtual QString openFileName(const FileRequest& request, QWidget* parent = nullptr) = 0;
-    virtual QString saveFileName(const FileRequest& request, QWidget* parent = nullptr) = 0;
+    virtual QString openFileName(FileRequest& request, QWidget* parent = nullptr) = 0;
+    virtual QString saveFileName(FileRequest& request, QWidget* parent = nullptr) = 0;
     // The common colour and font dialogs; nothing on Cancel.
     virtual std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                               QWidget* parent = nullptr) = 0;

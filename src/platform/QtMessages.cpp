@@ -10,7 +10,7 @@
 
 namespace {
 
-QString runFileDialog(const Messages::FileRequest& request, QWidget* parent,
+QString runFileDialog(Messages::FileRequest& request, QWidget* parent,
                       QFileDialog::AcceptMode mode) {
     QFileDialog dialog(parent, request.title, request.folder);
     dialog.setAcceptMode(mode);
@@ -27,6 +27,9 @@ QString runFileDialog(const Messages::FileRequest& request, QWidget* parent,
         dialog.selectFile(request.fileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
+    const qsizetype chosen = filters.indexOf(dialog.selectedNameFilter());
+    if (chosen >= 0)
+        request.filterIndex = static_cast<int>(chosen) + 1;
     return dialog.selectedFiles().constFirst();
 }
 
@@ -54,11 +57,11 @@ std::optional<QString> QtMessages::askText(const QString& title, const QString& 
     return text;
 }
 
-QString QtMessages::openFileName(const FileRequest& request, QWidget* parent) {
+QString QtMessages::openFileName(FileRequest& request, QWidget* parent) {
     return runFileDialog(request, parent, QFileDialog::AcceptOpen);
 }
 
-QString QtMessages::saveFileName(const FileRequest& request, QWidget* parent) {
+QString QtMessages::saveFileName(FileRequest& request, QWidget* parent) {
     return runFileDialog(request, parent, QFileDialog::AcceptSave);
 }
 

@@ -33,12 +33,12 @@ std::optional<QString> RecordingMessages::askText(const QString& title, const QS
     return reply.toString();
 }
 
-QString RecordingMessages::openFileName(const FileRequest& request, QWidget*) {
+QString RecordingMessages::openFileName(FileRequest& request, QWidget*) {
     m_shown.append({QStringLiteral("open"), request.title, request.filterPairs, request.folder});
     return next().toString();
 }
 
-QString RecordingMessages::saveFileName(const FileRequest& request, QWidget*) {
+QString RecordingMessages::saveFileName(FileRequest& request, QWidget*) {
     m_shown.append({QStringLiteral("save"), request.title, request.filterPairs, request.folder});
     return next().toString();
 }
