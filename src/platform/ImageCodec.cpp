@@ -1,0 +1,237 @@
+#include "platform/ImageCodec.h"
+
+#include "platform/ExternalTool.h"
+#include "platform/ImageReaders.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QImageReader>
+#include <QImageWriter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Qt's reader for each extension it takes, by the name of its format plugin.
+const QHash<QString, QByteArray>& qtFormats() {
+    static const QHash<QString, QByteArray> formats = {
+        {u"JPG"_s, "jpeg"}, {u"BMP"_s, "bmp"}, {u"ICO"_s, "ico"}, {u"CUR"_s, "cur"},
+        {u"PNG"_s, "png"},  {u"TGA"_s, "tga"}, {u"XPM"_s, "xpm"}, {u"PBM"_s, "pbm"},
+    };
+    return formats;
+}
+
+// ImageMagick's coder for each extension it takes. TIFF goes here rather than to Qt: libtiff's
+// error handlers are global, and ImageMagick installs its own, which must then see every TIFF.
+const QHash<QString, const char*>& magickCoders() {
+    static const QHash<QString, const char*> coders = {
+        {u"PCX"_s, "PCX"},   {u"DCX"_s, "DCX"},  {u"PCD"_s, "PCD"},  {u"PSD"_s, "PSD"},
+        {u"RAS"_s, "SUN"},   {u"WPG"_s, "WPG"},  {u"JBG"_s, "JBIG"}, {u"MAC"_s, "MAC"},
+        {u"WMF"_s, "WMF"},   {u"CUT"_s, "CUT"},  {u"PCT"_s, "PICT"}, {u"IFF"_s, "ILBM"},
+        {u"TIFF"_s, "TIFF"}, {u"TIF"_s, "TIFF"}, {u"MPT"_s, "TIFF"},
+    };
+    return coders;
+}
+
+ImageReaders::Result readWithQt(const QString& path, const QByteArray& format) {
+    ImageReaders::Result result;
+    result.error = AppError(ImageCodec::ReadFailed);
+    QImageReader reader(path, format);
+    reader.setAllocationLimit(static_cast<int>(ImageCodec::MaxBytes / (1024 * 1024)));
+    if (!reader.canRead()) {
+        result.error = AppError(ImageCodec::UnknownFormat);
+        return result;
+    }
+    const QSize size = reader.size();
+    if (size.isValid() && !ImageReaders::withinLimits(size.width(), size.height()))
+        return result;
+    QImage image;
+    if (!reader.read(&image) || image.isNull())
+        return result;
+    result.bits = ImageReaders::bitsOf(image);
+    result.image = std::move(image);
+    result.error = AppError();
+    return result;
+}
+
+QByteArray readBytes(const QString& path, AppError& error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = AppError(file.exists() ? AppError::PathFileAccess : AppError::FileNotFound);
+        return {};
+    }
+    if (file.size() > ImageCodec::MaxBytes) {
+        error = AppError(ImageCodec::ReadFailed);
+        return {};
+    }
+    return file.readAll();
+}
+
+} // namespace
+
+namespace ImageReaders {
+
+bool withinLimits(qint64 width, qint64 height) {
+    return width > 0 && height > 0 && width * height <= ImageCodec::MaxPixels &&
+           width * height * 4 <= ImageCodec::MaxBytes;
+}
+
+int bitsOf(const QImage& image) {
+    switch (image.format()) {
+    case QImage::Format_Mono:
+    case QImage::Format_MonoLSB:
+        return 1;
+    case QImage::Format_Indexed8:
+        return image.colorCount() <= 2 ? 1 : image.colorCount() <= 16 ? 4 : 8;
+    case QImage::Format_Grayscale8:
+    case QImage::Format_Alpha8:
+        return 8;
+    case QImage::Format_Grayscale16:
+        return 16;
+    default:
+        return image.hasAlphaChannel() ? 32 : 24;
+    }
+}
+
+// GEM IMG through netpbm's gemtopnm, which writes the picture as PNM on its output.
+Result readGemImg(const QString& path) {
+    Result result;
+    result.error = AppError(ImageCodec::ReadFailed);
+    const ExternalTool::Result converted =
+        ExternalTool::run(u"gemtopnm"_s, {path}, ImageCodec::MaxBytes, 30000);
+    if (!converted.started) {
+        result.error = AppError(ImageCodec::UnknownFormat);
+        return result;
+    }
+    QImage image;
+    if (!converted.succeeded || !image.loadFromData(converted.output) || image.isNull())
+        return result;
+    const QByteArray& pnm = converted.output;
+    result.bits = pnm.startsWith("P4") || pnm.startsWith("P1") ? 1 : bitsOf(image);
+    result.image = image;
+    result.error = AppError();
+    return result;
+}
+
+} // namespace ImageReaders
+
+ImageCodec::Reader ImageCodec::readerFor(const QString& extension) {
+    if (qtFormats().contains(extension))
+        return Reader::Qt;
+    if (magickCoders().contains(extension))
+        return Reader::ImageMagick;
+    if (extension == u"EPS"_s)
+        return Reader::Ghostscript;
+    if (extension == u"EMF"_s)
+        return Reader::Emf;
+    if (extension == u"IMG"_s)
+        return Reader::Netpbm;
+    if (extension == u"MSP"_s)
+        return Reader::Msp;
+    return Reader::None;
+}
+
+ImageCodec::Picture ImageCodec::decode(const QString& path) {
+    Picture picture;
+    const QFileInfo info(path);
+    picture.diskSize = info.size();
+    if (!info.isFile()) {
+        picture.error = AppError(info.exists() ? AppError::PathFileAccess : AppError::FileNotFound);
+        return picture;
+    }
+    const QString extension = info.suffix().toUpper();
+    ImageReaders::Result result;
+    AppError readError;
+    switch (readerFor(extension)) {
+    case Reader::Qt:
+        result = readWithQt(path, qtFormats().value(extension));
+        // Qt's readers leave out some variants of their formats (TGA other than the plain
+        // kinds, for one); ImageMagick reads those.
+        if (result.error) {
+            const QByteArray bytes = readBytes(path, readError);
+            if (!readError)
+                result = ImageReaders::readWithMagick(
+                    bytes, qtFormats().value(extension).toUpper().constData());
+        }
+        break;
+    case Reader::ImageMagick: {
+        // IFF is read by ImageMagick through netpbm's ilbmtoppm, which needs the file itself.
+        if (extension == u"IFF"_s) {
+            result = ImageReaders::readWithMagickFile(path, "ILBM");
+            break;
+        }
+        const QByteArray bytes = readBytes(path, readError);
+        result = readError ? ImageReaders::Result{{}, 0, readError}
+                           : ImageReaders::readWithMagick(bytes, magickCoders().value(extension));
+        break;
+    }
+    case Reader::Ghostscript:
+        result = ImageReaders::readEps(path);
+        break;
+    case Reader::Emf:
+        result = ImageReaders::readEmf(path);
+        break;
+    case Reader::Netpbm:
+        result = ImageReaders::readGemImg(path);
+        break;
+    case Reader::Msp: {
+        const QByteArray bytes = readBytes(path, readError);
+        result = readError ? ImageReaders::Result{{}, 0, readError} : ImageReaders::readMsp(bytes);
+        break;
+    }
+    case Reader::None:
+        result.error = AppError(UnknownFormat);
+        break;
+    }
+    picture.image = std::move(result.image);
+    picture.bitsPerPixel = result.bits;
+    picture.error = result.error;
+    return picture;
+}
+
+namespace {
+
+// How each format code is written: by a Qt writer, by ImageMagick's coder, or by our own.
+struct Writer {
+    const char* qtFormat;
+    const char* magickCoder;
+};
+
+const QHash<int, Writer>& writers() {
+    static const QHash<int, Writer> table = {
+        {10, {"jpeg", nullptr}},  {6, {"bmp", nullptr}},    {91, {"ico", nullptr}},
+        {109, {"xpm", nullptr}},  {75, {"png", nullptr}},   {3, {nullptr, "TIFF"}},
+        {1, {nullptr, "PCX"}},    {57, {nullptr, "PCD"}},   {76, {nullptr, "PSD"}},
+        {4, {nullptr, "TGA"}},    {55, {nullptr, "SUN"}},   {56, {nullptr, "PICT"}},
+        {115, {nullptr, "JBIG"}}, {53, {nullptr, nullptr}},
+    };
+    return table;
+}
+
+} // namespace
+
+bool ImageCodec::canEncode(int formatCode) {
+    return writers().contains(formatCode);
+}
+
+AppError ImageCodec::encode(const QImage& image, const QString& path, int formatCode) {
+    const auto it = writers().constFind(formatCode);
+    if (it == writers().constEnd() || image.isNull())
+        return AppError(UnknownFormat);
+    if (!QFileInfo(QFileInfo(path).absolutePath()).isDir())
+        return AppError(AppError::PathNotFound);
+    if (it->magickCoder)
+        return ImageReaders::writeWithMagick(image, path, it->magickCoder);
+    if (!it->qtFormat)
+        return ImageReaders::writeMsp(image, path);
+    QImageWriter writer(path, it->qtFormat);
+    if (formatCode == 10)
+        writer.setQuality(90);
+    if (!writer.write(image))
+        return AppError(writer.error() == QImageWriter::UnsupportedFormatError
+                            ? int(UnknownFormat)
+                            : int(AppError::PathFileAccess));
+    return {};
+}
