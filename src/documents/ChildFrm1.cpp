@@ -1,7 +1,10 @@
 #include "documents/ChildFrm1.h"
 
 #include "documents/MDIForm1.h"
+#include "platform/ImageCodec.h"
 #include "platform/Messages.h"
+#include "platform/PictureView.h"
+#include "platform/PixelOps.h"
 #include "platform/SettingColor.h"
 #include "platform/Twips.h"
 #include "platform/WindowRegistry.h"
@@ -9,9 +12,10 @@
 #include "shell/Globals.h"
 #include "shell/Quorvane1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QImageReader>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QMdiArea>
@@ -25,6 +29,18 @@ QString bytesText(qint64 size) {
     return QLocale().toString(size) + u"  Bytes"_s;
 }
 
+} // namespace
+
+namespace {
+QAction* findMenuAction(const QList<QMenu*>& menus, const char* name) {
+    for (QMenu* menu : menus) {
+        if (QString::fromLatin1(name) == menu->objectName())
+            return menu->menuAction();
+        if (auto* action = menu->findChild<QAction*>(QString::fromLatin1(name)))
+            return action;
+    }
+    return nullptr;
+}
 } // namespace
 
 ChildFrm1::ChildFrm1(MDIForm1* frame, const QString& path) : m_frame(frame) {
@@ -132,19 +148,20 @@ void ChildFrm1::buildMenus() {
     on("mnuWindowTileHorz", [this] { m_frame->workspace()->tileSubWindows(); });
     on("mnuWindowTileVert", [this] { m_frame->workspace()->tileSubWindows(); });
     on("mnuHelpContents", &ChildFrm1::mnuHelpContents_Click);
+    on("mnuViewNormal", &ChildFrm1::mnuViewNormal_Click);
+    on("mnuViewStretch", &ChildFrm1::mnuViewStretch_Click);
+    on("mnuImageFlip", &ChildFrm1::mnuImageFlip_Click);
+    on("mnuImageReverse", &ChildFrm1::mnuImageReverse_Click);
+    on("mnuImageInvert", &ChildFrm1::mnuImageInvert_Click);
+    on("mnuImageColorInt", &ChildFrm1::mnuImageColorInt_Click);
+    on("mnuEditCopy", &ChildFrm1::mnuEditCopy_Click);
+    for (const char* name : {"mnuViewNormal", "mnuViewStretch", "mnuImageText", "mnuImageShapes"})
+        menuAction(name)->setCheckable(true);
 }
 
-namespace {
-QAction* findMenuAction(const QList<QMenu*>& menus, const char* name) {
-    for (QMenu* menu : menus) {
-        if (QString::fromLatin1(name) == menu->objectName())
-            return menu->menuAction();
-        if (auto* action = menu->findChild<QAction*>(QString::fromLatin1(name)))
-            return action;
-    }
-    return nullptr;
+QAction* ChildFrm1::menuAction(const char* name) const {
+    return findMenuAction(m_menus, name);
 }
-} // namespace
 
 void ChildFrm1::Form_Load() {
     for (const char* name :
@@ -173,14 +190,172 @@ void ChildFrm1::Form_Load() {
     } else {
         FILE_TYPE = u"I"_s;
         mExt = FileTypes::GetFileExt(g.gCurrentFile);
-        for (const char* name :
-             {"mnuViewNormal", "mnuViewStretch", "mnuViewThumbNails", "mnuImageBrightness",
-              "mnuImageContrast", "mnuImageInvert", "mnuImageResize", "mnuImageReverse",
-              "mnuImageRotate", "mnuImageText"})
-            findMenuAction(m_menus, name)->setEnabled(true);
+        loadPicture(g.gCurrentFile);
     }
     if (FILE_TYPE == u"T"_s)
         mExt = FileTypes::GetFileExt(windowTitle());
+}
+
+void ChildFrm1::loadPicture(const QString& path) {
+    Image1 = new PictureView(this);
+    Image1->setObjectName(u"Image1"_s);
+    Image1->setAccessibleName(tr("Picture"));
+    Image1->setCursor(Qt::WaitCursor);
+    QPalette palette = Image1->palette();
+    palette.setColor(QPalette::Window, Qt::white);
+    Image1->setPalette(palette);
+    setWidget(Image1);
+    connect(Image1, &PictureView::doubleClicked, this, &ChildFrm1::Image1_DblClick);
+    connect(Image1, &PictureView::mouseReleased, this, &ChildFrm1::Image1_MouseUp);
+
+    mBadLoad = false;
+    const ImageCodec::Picture picture = ImageCodec::decode(path);
+    m_diskSize = picture.diskSize;
+    if (picture.error) {
+        mBadLoad = true;
+        const int number = picture.error.number();
+        if (number == ImageCodec::UnknownFormat || number == ImageCodec::ReadFailed)
+            Messages::instance().inform(tr("Error Occurred - Could not Load Picture or Image"),
+                                        this);
+        else
+            Messages::instance().inform(
+                QString::number(number) + u" - "_s + picture.error.description(), this);
+        m_frame->mLoadFailed = true;
+        return;
+    }
+    Image1->setImage(picture.image);
+    m_bits = picture.bitsPerPixel;
+
+    Image1->setPaintSizeMode(PictureView::Normal);
+    m_frame->EnableButtons();
+    Image1->setVisible(true);
+    setCheckMarks();
+    for (const char* name : {"mnuViewComments", "mnuViewIndex", "mnuViewTable"})
+        menuAction(name)->setEnabled(false);
+    for (const char* name : {"mnuViewNormal", "mnuViewStretch", "mnuViewThumbNails",
+                             "mnuImageBrightness", "mnuImageContrast", "mnuImageInvert",
+                             "mnuImageResize", "mnuImageReverse", "mnuImageRotate", "mnuImageText"})
+        menuAction(name)->setEnabled(true);
+}
+
+void ChildFrm1::placeInWorkspace() {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    // At the top left, and fitted to the picture: its frame around the picture's own size.
+    move(0, 0);
+    const QSize frameExtra = size() - contentsRect().size();
+    resize(Image1->image().size() + frameExtra);
+}
+
+void ChildFrm1::setCheckMarks() {
+    QAction* normal = menuAction("mnuViewNormal");
+    QAction* stretch = menuAction("mnuViewStretch");
+    normal->setChecked(false);
+    stretch->setChecked(false);
+    if (!Image1)
+        return;
+    if (Image1->paintSizeMode() == PictureView::Normal)
+        normal->setChecked(true);
+    else if (Image1->paintSizeMode() == PictureView::Stretch)
+        stretch->setChecked(true);
+}
+
+void ChildFrm1::mnuViewNormal_Click() {
+    if (isMinimized() || !Image1)
+        return;
+    Image1->setPaintSizeMode(PictureView::Normal);
+    setCheckMarks();
+    m_frame->setButtonDown(12, false);
+    mStretch = false;
+}
+
+void ChildFrm1::mnuViewStretch_Click() {
+    if (!Image1)
+        return;
+    Image1->setPaintSizeMode(PictureView::Stretch);
+    mDirty = true;
+    mStretch = true;
+    m_frame->setButtonDown(11, false);
+    setCheckMarks();
+}
+
+void ChildFrm1::Image1_DblClick() {
+    ChildFrm1* active = m_frame->activeChild();
+    if (!active || !active->Image1)
+        return;
+    if (active->mStretch) {
+        active->Image1->setPaintSizeMode(PictureView::Normal);
+        active->mStretch = false;
+    } else {
+        active->Image1->setPaintSizeMode(PictureView::Stretch);
+        active->mStretch = true;
+    }
+    active->setCheckMarks();
+}
+
+void ChildFrm1::Image1_MouseUp(Qt::MouseButton button, QPoint position) {
+    if (button == Qt::RightButton) {
+        // A right click disarms a pending draw.
+        DRAW_NOW_FLG = false;
+        menuAction("mnuImageText")->setChecked(false);
+        menuAction("mnuImageShapes")->setChecked(false);
+        Image1->unsetCursor();
+        return;
+    }
+    mClickX = static_cast<float>(position.x());
+    mClickY = static_cast<float>(position.y());
+    mRoomRight = static_cast<qint16>(Image1->image().width() - position.x());
+    mRoomDown = static_cast<qint16>(Image1->image().height() - position.y());
+}
+
+void ChildFrm1::beginChange() {
+    setCursor(Qt::WaitCursor);
+    if (Image1)
+        Image1->setAutoRepaint(false);
+}
+
+void ChildFrm1::endChange() {
+    unsetCursor();
+    if (Image1)
+        Image1->setAutoRepaint(true);
+}
+
+template <class Change> void ChildFrm1::changePicture(Change change) {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    beginChange();
+    change(Image1->editableImage());
+    mDirty = true;
+    endChange();
+}
+
+void ChildFrm1::mnuImageFlip_Click() {
+    changePicture([](QImage& image) { PixelOps::flip(image); });
+}
+
+void ChildFrm1::mnuImageReverse_Click() {
+    changePicture([](QImage& image) { PixelOps::reverse(image); });
+}
+
+void ChildFrm1::mnuImageInvert_Click() {
+    changePicture([](QImage& image) { PixelOps::invert(image); });
+}
+
+void ChildFrm1::mnuImageColorInt_Click() {
+    changePicture([](QImage& image) { PixelOps::stretchIntensity(image); });
+}
+
+void ChildFrm1::keyPressEvent(QKeyEvent* event) {
+    // The space bar brings the browser back without closing the document.
+    if (event->key() == Qt::Key_Space) {
+        if (Quorvane1* main = Quorvane1::instance()) {
+            main->activateWindow();
+            main->raise();
+        }
+        event->accept();
+        return;
+    }
+    QMdiSubWindow::keyPressEvent(event);
 }
 
 void ChildFrm1::Form_Activate() {
@@ -204,21 +379,20 @@ void ChildFrm1::Form_Activate() {
     QLabel* path = m_frame->statusLabel(0);
     for (int i = 1; i < 4; ++i)
         m_frame->statusLabel(i)->clear();
-    if (FILE_TYPE == u"I"_s) {
-        QImageReader reader(caption);
-        const QSize size = reader.size();
-        if (size.isValid())
-            m_frame->statusLabel(1)->setText(QString::number(size.width()) + u" x "_s +
-                                             QString::number(size.height()));
-        const QImage::Format format = reader.imageFormat();
-        if (format != QImage::Format_Invalid)
-            m_frame->statusLabel(2)->setText(
-                QString::number(QImage::toPixelFormat(format).bitsPerPixel()) + u" Bitmap Bits"_s);
+    if (FILE_TYPE == u"I"_s && Image1) {
+        const QImage& image = Image1->image();
+        m_frame->statusLabel(1)->setText(QString::number(image.width()) + u" x "_s +
+                                         QString::number(image.height()));
+        m_frame->statusLabel(2)->setText(QString::number(m_bits) + u" Bitmap Bits"_s);
+        m_frame->statusLabel(3)->setText(bytesText(m_diskSize));
+    } else {
+        m_frame->statusLabel(3)->setText(bytesText(QFileInfo(caption).size()));
     }
-    m_frame->statusLabel(3)->setText(bytesText(QFileInfo(caption).size()));
 
     if (mFirstActivate) {
         CURFILE_NAME = caption;
+        if (Image1)
+            Image1->unsetCursor();
         mFirstActivate = false;
     }
 
@@ -308,11 +482,13 @@ void ChildFrm1::mnuFilePrint_Click() {}
 void ChildFrm1::mnuFileRename_Click() {}
 void ChildFrm1::mnuFileSend_Click() {}
 void ChildFrm1::mnuFileSaveAs_Click() {}
-void ChildFrm1::mnuEditCopy_Click() {}
+void ChildFrm1::mnuEditCopy_Click() {
+    if (FILE_TYPE == u"I"_s)
+        Messages::instance().inform(
+            tr("You can only Copy Text for Pasting into Text Box to Add Text to a Picture"), this);
+}
 void ChildFrm1::mnuImageBrightness_Click() {}
 void ChildFrm1::mnuImageResize_Click() {}
 void ChildFrm1::mnuViewIndex_Click() {}
-void ChildFrm1::mnuViewNormal_Click() {}
-void ChildFrm1::mnuViewStretch_Click() {}
 void ChildFrm1::mnuViewTable_Click() {}
 void ChildFrm1::mnuViewComments_Click() {}

@@ -3,6 +3,9 @@
 #include <QMdiSubWindow>
 
 class MDIForm1;
+class QAction;
+class QKeyEvent;
+class PictureView;
 class QMenu;
 
 // A document window of the frame: a picture ("I"), a text ("T") or a database table ("D").
@@ -21,6 +24,18 @@ public:
     bool mStretch = false;
     bool mBadLoad = false;
     QString CURFILE_NAME;
+    QString DRAWMENU;
+    bool DRAW_NOW_FLG = false;
+    bool PLACETEXT_FLG = false;
+    bool PLACEOBJECT_FLG = false;
+    float mClickX = 0;
+    float mClickY = 0;
+    qint16 mRoomRight = 0;
+    qint16 mRoomDown = 0;
+
+    // The picture of a picture document.
+    PictureView* Image1 = nullptr;
+    int bitmapBits() const { return m_bits; }
 
     const QList<QMenu*>& menus() const { return m_menus; }
 
@@ -42,15 +57,33 @@ public:
     void mnuViewTable_Click();
     void mnuViewComments_Click();
     void mnuHelpContents_Click();
+    void mnuImageFlip_Click();
+    void mnuImageReverse_Click();
+    void mnuImageInvert_Click();
+    void mnuImageColorInt_Click();
+
+    // Places a picture document at the top left of the workspace, fitted to its picture; the
+    // frame calls it once the document is in its workspace.
+    void placeInWorkspace();
 
     // Runs when the document becomes the active one.
     void Form_Activate();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildMenus();
+    QAction* menuAction(const char* name) const;
+    void loadPicture(const QString& path);
+    void setCheckMarks();
+    // The pair around every picture command: busy pointer and no repaint, then back.
+    void beginChange();
+    void endChange();
+    template <class Change> void changePicture(Change change);
+    void Image1_DblClick();
+    void Image1_MouseUp(Qt::MouseButton button, QPoint position);
     void Form_Load();
     void Form_Unload();
 
@@ -58,4 +91,6 @@ private:
     QList<QMenu*> m_menus;
     bool mFirstActivate = true;
     bool m_unloaded = false;
+    int m_bits = 0;
+    qint64 m_diskSize = 0;
 };

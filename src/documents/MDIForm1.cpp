@@ -235,6 +235,7 @@ QList<ChildFrm1*> MDIForm1::children() const {
 
 void MDIForm1::addChild(ChildFrm1* child) {
     m_area->addSubWindow(child);
+    child->placeInWorkspace();
     child->show();
     m_area->setActiveSubWindow(child);
 }

@@ -31,7 +31,8 @@ void applyTables(QImage& image, const std::array<std::array<uchar, 256>, 3>& tab
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < width; ++x) {
             const QRgb p = line[x];
-            line[x] = qRgba(tables[0][qRed(p)], tables[1][qGreen(p)], tables[2][qBlue(p)], qAlpha(p));
+            line[x] =
+                qRgba(tables[0][qRed(p)], tables[1][qGreen(p)], tables[2][qBlue(p)], qAlpha(p));
         }
     }
 }
@@ -84,9 +85,8 @@ void stretchIntensity(QImage& image) {
     std::array<std::array<uchar, 256>, 3> tables{};
     for (int c = 0; c < 3; ++c) {
         const int span = high[c] - low[c];
-        tables[static_cast<size_t>(c)] = table([&](int v) {
-            return span <= 0 ? v : ((v - low[c]) * 255 + span / 2) / span;
-        });
+        tables[static_cast<size_t>(c)] =
+            table([&](int v) { return span <= 0 ? v : ((v - low[c]) * 255 + span / 2) / span; });
     }
     applyTables(image, tables);
 }

@@ -67,9 +67,11 @@ private:
 private Q_SLOTS:
     void init() {
         h = std::make_unique<MainWindowHarness>();
-        for (const char* name : {"a.wav", "song.mp3", "b.wk4", "c.xls", "CATALOG", "x.jpg", "y.jpg",
-                                 "notes.txt", "table.mdb", "X.ZIP", "X.CDA", "X.DAT"})
+        for (const char* name : {"a.wav", "song.mp3", "b.wk4", "c.xls", "CATALOG", "notes.txt",
+                                 "table.mdb", "X.ZIP", "X.CDA", "X.DAT"})
             h->folder().write(QString::fromLatin1(name), "data");
+        h->folder().writePicture(u"x.jpg"_s);
+        h->folder().writePicture(u"y.jpg"_s);
         QDir(h->folder().path()).mkdir(u"sub"_s);
         h->start();
     }
@@ -256,7 +258,9 @@ private Q_SLOTS:
         QCOMPARE(frame()->activeChild()->windowTitle(), x);
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"I"_s);
         QCOMPARE(frame()->statusLabel(0)->toolTip(), x);
-        QCOMPARE(frame()->statusLabel(3)->text(), u"4  Bytes"_s);
+        QCOMPARE(frame()->statusLabel(1)->text(), u"40 x 30"_s);
+        QCOMPARE(frame()->statusLabel(2)->text(), u"24 Bitmap Bits"_s);
+        QVERIFY(frame()->statusLabel(3)->text().endsWith(u"  Bytes"_s));
 
         h->activateMain();
         h->window()->DisplayImage(y);

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -24,6 +25,16 @@ public:
     }
 
     bool exists(const QString& name) const { return QFile::exists(file(name)); }
+
+    // A small real picture (format by extension): a red left half and a blue right half.
+    void writePicture(const QString& name, QSize size = QSize(40, 30)) const {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::blue);
+        for (int y = 0; y < size.height(); ++y)
+            for (int x = 0; x < size.width() / 2; ++x)
+                image.setPixel(x, y, qRgb(255, 0, 0));
+        image.save(file(name), nullptr, 100);
+    }
 
 private:
     QTemporaryDir m_dir;

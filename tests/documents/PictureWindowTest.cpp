@@ -1,0 +1,161 @@
+#include "documents/ChildFrm1.h"
+#include "documents/MDIForm1.h"
+#include "platform/PictureView.h"
+#include "support/MainWindowHarness.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+class PictureWindowTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<MainWindowHarness> h;
+
+    MDIForm1* frame() {
+        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+
+    ChildFrm1* open(const QString& name) {
+        const qint16 before = frame() ? frame()->mChildCount : 0;
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(name));
+        if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
+            return nullptr;
+        if (!QTest::qWaitForWindowActive(frame()))
+            return nullptr;
+        return frame()->activeChild();
+    }
+
+    static QAction* menu(ChildFrm1* child, const char* name) {
+        for (QMenu* m : child->menus()) {
+            if (auto* action = m->findChild<QAction*>(QString::fromLatin1(name)))
+                return action;
+        }
+        return nullptr;
+    }
+
+private Q_SLOTS:
+    void init() {
+        h = std::make_unique<MainWindowHarness>();
+        h->folder().writePicture(u"photo.png"_s, QSize(40, 30));
+        h->folder().write(u"broken.png"_s, "\x89PNG\r\n\x1a\nnot really");
+        h->start();
+    }
+
+    void cleanup() { h.reset(); }
+
+    void aPictureOpensAtItsSizeWithItsNumbers() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        QCOMPARE(child->FILE_TYPE, u"I"_s);
+        QVERIFY(child->Image1);
+        QCOMPARE(child->Image1->image().size(), QSize(40, 30));
+        QCOMPARE(child->widget()->size(), QSize(40, 30));
+        QCOMPARE(child->pos(), QPoint(0, 0));
+        QCOMPARE(child->Image1->paintSizeMode(), int(PictureView::Normal));
+        QVERIFY(menu(child, "mnuViewNormal")->isChecked());
+        QVERIFY(!menu(child, "mnuViewStretch")->isChecked());
+        QVERIFY(!menu(child, "mnuViewTable")->isEnabled());
+        QVERIFY(menu(child, "mnuImageRotate")->isEnabled());
+        QCOMPARE(frame()->statusLabel(1)->text(), u"40 x 30"_s);
+        QCOMPARE(frame()->statusLabel(2)->text(), u"24 Bitmap Bits"_s);
+        QVERIFY(!child->mDirty);
+    }
+
+    void aPictureThatCannotLoadLeavesNoWindow() {
+        QVERIFY(open(u"photo.png"_s));
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(u"broken.png"_s));
+        QTRY_COMPARE(h->messages().texts(),
+                     QStringList{u"Error Occurred - Could not Load Picture or Image"_s});
+        QTRY_COMPARE(frame()->children().size(), 1);
+        QCOMPARE(frame()->mChildCount, qint16(1));
+        QVERIFY(!frame()->mLoadFailed);
+        QCOMPARE(frame()->activeChild()->windowTitle(), h->folder().file(u"photo.png"_s));
+    }
+
+    void aStretchedPictureAsksToSaveButADoubleClickedOneDoesNot() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        QTest::mouseDClick(child->Image1, Qt::LeftButton);
+        QVERIFY(child->mStretch);
+        QCOMPARE(child->Image1->paintSizeMode(), int(PictureView::Stretch));
+        QVERIFY(menu(child, "mnuViewStretch")->isChecked());
+        QVERIFY(!child->mDirty);
+        QTest::mouseDClick(child->Image1, Qt::LeftButton);
+        QVERIFY(!child->mStretch);
+        child->close();
+        QVERIFY(h->messages().shown().isEmpty());
+
+        child = open(u"photo.png"_s);
+        QVERIFY(child);
+        menu(child, "mnuViewStretch")->trigger();
+        QVERIFY(child->mDirty);
+        QVERIFY(child->mStretch);
+        menu(child, "mnuViewNormal")->trigger();
+        QVERIFY(!child->mStretch);
+        QVERIFY(child->mDirty);
+        h->messages().answer(false);
+        child->close();
+        QCOMPARE(h->messages().texts(),
+                 QStringList{u"Do You want to Save Changes to the Picture?"_s});
+        QCOMPARE(h->messages().shown().first().kind, u"askYesNo"_s);
+    }
+
+    void commandsChangeThePixelsAsTheirNamesSay() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        auto pixel = [child](int x, int y) {
+            return child->Image1->image().pixel(x, y) | 0xFF000000;
+        };
+        QCOMPARE(pixel(0, 0), qRgb(255, 0, 0));
+        menu(child, "mnuImageReverse")->trigger();
+        QCOMPARE(pixel(0, 0), qRgb(0, 0, 255));
+        QCOMPARE(pixel(39, 0), qRgb(255, 0, 0));
+        QVERIFY(child->mDirty);
+        menu(child, "mnuImageInvert")->trigger();
+        QCOMPARE(pixel(0, 0), qRgb(255, 255, 0));
+        menu(child, "mnuImageFlip")->trigger();
+        QCOMPARE(pixel(0, 29), qRgb(255, 255, 0));
+        QCOMPARE(child->Image1->image().size(), QSize(40, 30));
+    }
+
+    void copyOnAPictureOnlyExplains() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        menu(child, "mnuEditCopy")->trigger();
+        QCOMPARE(h->messages().texts(),
+                 QStringList{u"You can only Copy Text for Pasting into Text Box to Add Text to a "
+                             u"Picture"_s});
+    }
+
+    void theSpaceBarBringsTheBrowserBack() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        QTest::keyClick(child, Qt::Key_Space);
+        QVERIFY(QTest::qWaitForWindowActive(h->window()));
+        QCOMPARE(frame()->mChildCount, qint16(1));
+    }
+
+    void aRightClickDisarmsADraw() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        child->DRAW_NOW_FLG = true;
+        menu(child, "mnuImageText")->setChecked(true);
+        QTest::mouseClick(child->Image1, Qt::LeftButton, {}, QPoint(10, 5));
+        QCOMPARE(child->mClickX, 10.0f);
+        QCOMPARE(child->mRoomRight, qint16(30));
+        QCOMPARE(child->mRoomDown, qint16(25));
+        QVERIFY(child->DRAW_NOW_FLG);
+        QTest::mouseClick(child->Image1, Qt::RightButton, {}, QPoint(10, 5));
+        QVERIFY(!child->DRAW_NOW_FLG);
+        QVERIFY(!menu(child, "mnuImageText")->isChecked());
+    }
+};
+
+QTEST_MAIN(PictureWindowTest)
+#include "PictureWindowTest.moc"
