@@ -204,7 +204,10 @@ void ChildFrm1::loadPicture(const QString& path) {
     QPalette palette = Image1->palette();
     palette.setColor(QPalette::Window, Qt::white);
     Image1->setPalette(palette);
+    // The picture takes the place of the plain content; the window lets go of that, not frees it.
+    QWidget* content = widget();
     setWidget(Image1);
+    delete content;
     connect(Image1, &PictureView::doubleClicked, this, &ChildFrm1::Image1_DblClick);
     connect(Image1, &PictureView::mouseReleased, this, &ChildFrm1::Image1_MouseUp);
 
