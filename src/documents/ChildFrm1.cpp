@@ -1,6 +1,7 @@
 #include "documents/ChildFrm1.h"
 
 #include "documents/MDIForm1.h"
+#include "documents/NewSize1.h"
 #include "platform/ImageCodec.h"
 #include "platform/Messages.h"
 #include "platform/PictureView.h"
@@ -155,6 +156,7 @@ void ChildFrm1::buildMenus() {
     on("mnuImageInvert", &ChildFrm1::mnuImageInvert_Click);
     on("mnuImageColorInt", &ChildFrm1::mnuImageColorInt_Click);
     on("mnuEditCopy", &ChildFrm1::mnuEditCopy_Click);
+    on("mnuImageResize", &ChildFrm1::mnuImageResize_Click);
     for (const char* name : {"mnuViewNormal", "mnuViewStretch", "mnuImageText", "mnuImageShapes"})
         menuAction(name)->setCheckable(true);
 }
@@ -348,6 +350,26 @@ void ChildFrm1::mnuImageColorInt_Click() {
     changePicture([](QImage& image) { PixelOps::stretchIntensity(image); });
 }
 
+void ChildFrm1::mnuImageResize_Click() {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    NewSize1 dialog(Image1->image().width(), Image1->image().height(), this);
+    dialog.InitTheForm(NewSize1::Picture);
+    dialog.exec();
+    bool ok = false;
+    int width = 0;
+    int height = 0;
+    bool resample = false;
+    dialog.GetResults(ok, width, height, resample);
+    if (!ok)
+        return;
+    beginChange();
+    PixelOps::resize(Image1->editableImage(), width, height, resample);
+    mDirty = true;
+    mnuViewNormal_Click();
+    endChange();
+}
+
 void ChildFrm1::keyPressEvent(QKeyEvent* event) {
     // The space bar brings the browser back without closing the document.
     if (event->key() == Qt::Key_Space) {
@@ -491,7 +513,6 @@ void ChildFrm1::mnuEditCopy_Click() {
             tr("You can only Copy Text for Pasting into Text Box to Add Text to a Picture"), this);
 }
 void ChildFrm1::mnuImageBrightness_Click() {}
-void ChildFrm1::mnuImageResize_Click() {}
 void ChildFrm1::mnuViewIndex_Click() {}
 void ChildFrm1::mnuViewTable_Click() {}
 void ChildFrm1::mnuViewComments_Click() {}

@@ -1,11 +1,16 @@
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "documents/NewSize1.h"
 #include "platform/PictureView.h"
 #include "support/MainWindowHarness.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -122,6 +127,32 @@ private Q_SLOTS:
         menu(child, "mnuImageFlip")->trigger();
         QCOMPARE(pixel(0, 29), qRgb(255, 255, 0));
         QCOMPARE(child->Image1->image().size(), QSize(40, 30));
+    }
+
+    void resizeKeepsTheAspectAndCancelLeavesThePictureAlone() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        auto answer = [](std::function<void(NewSize1*)> act) {
+            QTimer::singleShot(0, [act] {
+                for (QWidget* w : QApplication::topLevelWidgets()) {
+                    if (auto* dialog = qobject_cast<NewSize1*>(w); dialog && dialog->isVisible())
+                        act(dialog);
+                }
+            });
+        };
+        answer([](NewSize1* d) { d->findChild<QPushButton*>(u"CancelBtn"_s)->click(); });
+        menu(child, "mnuImageResize")->trigger();
+        QCOMPARE(child->Image1->image().size(), QSize(40, 30));
+        QVERIFY(!child->mDirty);
+
+        answer([](NewSize1* d) {
+            d->widthText()->setText(u"80"_s);
+            d->findChild<QPushButton*>(u"OKBtn"_s)->click();
+        });
+        menu(child, "mnuImageResize")->trigger();
+        QCOMPARE(child->Image1->image().size(), QSize(80, 60));
+        QVERIFY(child->mDirty);
+        QVERIFY(menu(child, "mnuViewNormal")->isChecked());
     }
 
     void copyOnAPictureOnlyExplains() {

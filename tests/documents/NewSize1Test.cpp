@@ -1,0 +1,98 @@
+#include "documents/NewSize1.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class NewSize1Test : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void startsFromThePicturesSizeWithTheAspectKept() {
+        NewSize1 dialog(400, 300);
+        dialog.InitTheForm(NewSize1::Picture);
+        QCOMPARE(dialog.windowTitle(), u"Resize"_s);
+        QCOMPARE(dialog.widthBar()->value(), 400);
+        QCOMPARE(dialog.heightBar()->value(), 300);
+        QCOMPARE(dialog.widthText()->text(), u"400"_s);
+        QCOMPARE(dialog.heightText()->text(), u"300"_s);
+        QCOMPARE(dialog.widthBar()->maximum(), 16384);
+        QCOMPARE(dialog.heightBar()->maximum(), 12288);
+        QVERIFY(dialog.findChild<QCheckBox*>(u"CHKASPECT"_s)->isChecked());
+        QVERIFY(!dialog.findChild<QCheckBox*>(u"CHKRESAMPLE"_s)->isChecked());
+    }
+
+    void theHeightFollowsTheWidthOnceAndDoesNotComeBack() {
+        NewSize1 dialog(300, 200);
+        dialog.InitTheForm(NewSize1::Picture);
+        dialog.widthBar()->setValue(451); // height 300.67 -> 301
+        QCOMPARE(dialog.widthText()->text(), u"451"_s);
+        QCOMPARE(dialog.heightBar()->value(), 301);
+        QCOMPARE(dialog.heightText()->text(), u"301"_s);
+        QCOMPARE(dialog.widthBar()->value(), 451); // not 452 from 301 / ratio
+
+        dialog.widthText()->setText(u"150"_s);
+        QCOMPARE(dialog.widthBar()->value(), 150);
+        QCOMPARE(dialog.heightBar()->value(), 100);
+        dialog.heightText()->setText(u"50"_s);
+        QCOMPARE(dialog.widthBar()->value(), 75);
+        QCOMPARE(dialog.widthText()->text(), u"75"_s);
+    }
+
+    void withoutTheAspectEachSideStandsAlone() {
+        NewSize1 dialog(300, 200);
+        dialog.InitTheForm(NewSize1::Picture);
+        QTest::mouseClick(dialog.findChild<QCheckBox*>(u"CHKASPECT"_s), Qt::LeftButton);
+        QVERIFY(!dialog.findChild<QCheckBox*>(u"CHKASPECT"_s)->isChecked());
+        dialog.widthBar()->setValue(500);
+        QCOMPARE(dialog.heightBar()->value(), 200);
+        QCOMPARE(dialog.heightText()->text(), u"200"_s);
+    }
+
+    void blankOrWrongTextsRefuseOkInSilence() {
+        for (const QString& bad : {QString(), u"12a"_s, u"0"_s, u"99999"_s}) {
+            NewSize1 dialog(300, 200);
+            dialog.InitTheForm(NewSize1::Picture);
+            dialog.widthText()->setText(bad);
+            QTest::mouseClick(dialog.findChild<QPushButton*>(u"OKBtn"_s), Qt::LeftButton);
+            bool ok = true;
+            int width = 0, height = 0;
+            bool resample = true;
+            dialog.GetResults(ok, width, height, resample);
+            QVERIFY2(!ok, qPrintable(bad));
+            QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        }
+        NewSize1 dialog(300, 200);
+        dialog.InitTheForm(NewSize1::Picture);
+        dialog.findChild<QCheckBox*>(u"CHKRESAMPLE"_s)->setChecked(true);
+        QTest::mouseClick(dialog.findChild<QPushButton*>(u"OKBtn"_s), Qt::LeftButton);
+        bool ok = false;
+        int width = 0, height = 0;
+        bool resample = false;
+        dialog.GetResults(ok, width, height, resample);
+        QVERIFY(ok);
+        QCOMPARE(width, 300);
+        QCOMPARE(height, 200);
+        QVERIFY(resample);
+    }
+
+    void aTallNarrowPictureHoldsTheHeightBarTo32767() {
+        NewSize1 dialog(10, 1000);
+        dialog.InitTheForm(NewSize1::Picture);
+        QCOMPARE(dialog.heightBar()->maximum(), 32767);
+        dialog.widthBar()->setValue(1000); // height 100,000 is held to 32767
+        QCOMPARE(dialog.heightBar()->value(), 32767);
+        dialog.widthText()->setText(u"500"_s); // by text the height is not held: it stays
+        QCOMPARE(dialog.widthBar()->value(), 500);
+        QCOMPARE(dialog.heightBar()->value(), 32767);
+        QCOMPARE(NewSize1::heightFor(3, 2.0 / 3.0), 2);
+        QCOMPARE(NewSize1::widthFor(5, 2.0), 2); // 2.5 to the even whole number
+    }
+};
+
+QTEST_MAIN(NewSize1Test)
+#include "NewSize1Test.moc"
