@@ -2,12 +2,14 @@
 
 #include "documents/MDIForm1.h"
 #include "documents/NewSize1.h"
+#include "documents/PictureDialog.h"
 #include "platform/ImageCodec.h"
 #include "platform/Messages.h"
 #include "platform/PictureView.h"
 #include "platform/PixelOps.h"
 #include "platform/SettingColor.h"
 #include "platform/Twips.h"
+#include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
@@ -157,6 +159,9 @@ void ChildFrm1::buildMenus() {
     on("mnuImageColorInt", &ChildFrm1::mnuImageColorInt_Click);
     on("mnuEditCopy", &ChildFrm1::mnuEditCopy_Click);
     on("mnuImageResize", &ChildFrm1::mnuImageResize_Click);
+    on("mnuImageBrightness", &ChildFrm1::mnuImageBrightness_Click);
+    on("mnuImageContrast", &ChildFrm1::mnuImageContrast_Click);
+    on("mnuImageRotate", &ChildFrm1::mnuImageRotate_Click);
     for (const char* name : {"mnuViewNormal", "mnuViewStretch", "mnuImageText", "mnuImageShapes"})
         menuAction(name)->setCheckable(true);
 }
@@ -350,6 +355,55 @@ void ChildFrm1::mnuImageColorInt_Click() {
     changePicture([](QImage& image) { PixelOps::stretchIntensity(image); });
 }
 
+bool ChildFrm1::runAdjustDialog(PictureDialog& dialog) {
+    const Globals& g = globals();
+    QFont font = dialog.font();
+    font.setBold(g.gBoldType);
+    dialog.setFont(font);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+void ChildFrm1::mnuImageBrightness_Click() {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    PictureDialog dialog(PictureDialog::Brightness, Image1->image(), this);
+    dialog.setValue(0);
+    if (!runAdjustDialog(dialog))
+        return; // Cancel changes nothing
+    const int value = dialog.value();
+    changePicture([value](QImage& image) { PixelOps::changeIntensity(image, value); });
+}
+
+void ChildFrm1::mnuImageContrast_Click() {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    PictureDialog dialog(PictureDialog::Contrast, Image1->image(), this);
+    dialog.setValue(0);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const int value = dialog.value();
+    changePicture([value](QImage& image) { PixelOps::changeContrast(image, value); });
+}
+
+void ChildFrm1::mnuImageRotate_Click() {
+    if (!Image1 || Image1->image().isNull())
+        return;
+    PictureDialog dialog(PictureDialog::Rotate, Image1->image(), this);
+    dialog.setAngle(0);
+    const Globals& g = globals();
+    WidgetPaint::paint(&dialog, g.gWindowBackColor, g.gWindowForeColor);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const int angle = dialog.angle();
+    const bool grow = dialog.resizeToFit();
+    const QColor fill = dialog.fillColor();
+    beginChange();
+    PixelOps::rotate(Image1->editableImage(), angle, grow, fill);
+    mnuViewNormal_Click();
+    mDirty = true;
+    endChange();
+}
+
 void ChildFrm1::mnuImageResize_Click() {
     if (!Image1 || Image1->image().isNull())
         return;
@@ -512,7 +566,6 @@ void ChildFrm1::mnuEditCopy_Click() {
         Messages::instance().inform(
             tr("You can only Copy Text for Pasting into Text Box to Add Text to a Picture"), this);
 }
-void ChildFrm1::mnuImageBrightness_Click() {}
 void ChildFrm1::mnuViewIndex_Click() {}
 void ChildFrm1::mnuViewTable_Click() {}
 void ChildFrm1::mnuViewComments_Click() {}

@@ -5,6 +5,7 @@
 class MDIForm1;
 class QAction;
 class QKeyEvent;
+class PictureDialog;
 class PictureView;
 class QMenu;
 
@@ -61,6 +62,8 @@ public:
     void mnuImageReverse_Click();
     void mnuImageInvert_Click();
     void mnuImageColorInt_Click();
+    void mnuImageContrast_Click();
+    void mnuImageRotate_Click();
 
     // Places a picture document at the top left of the workspace, fitted to its picture; the
     // frame calls it once the document is in its workspace.
@@ -82,6 +85,7 @@ private:
     void beginChange();
     void endChange();
     template <class Change> void changePicture(Change change);
+    bool runAdjustDialog(PictureDialog& dialog);
     void Image1_DblClick();
     void Image1_MouseUp(Qt::MouseButton button, QPoint position);
     void Form_Load();

@@ -1,6 +1,7 @@
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
 #include "documents/NewSize1.h"
+#include "documents/PictureDialog.h"
 #include "platform/PictureView.h"
 #include "support/MainWindowHarness.h"
 
@@ -152,6 +153,56 @@ private Q_SLOTS:
         menu(child, "mnuImageResize")->trigger();
         QCOMPARE(child->Image1->image().size(), QSize(80, 60));
         QVERIFY(child->mDirty);
+        QVERIFY(menu(child, "mnuViewNormal")->isChecked());
+    }
+
+    void brightnessContrastAndRotateApplyTheirDialogsValues() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        auto answer = [](std::function<void(PictureDialog*)> act) {
+            QTimer::singleShot(0, [act] {
+                for (QWidget* w : QApplication::topLevelWidgets()) {
+                    if (auto* dialog = qobject_cast<PictureDialog*>(w);
+                        dialog && dialog->isVisible())
+                        act(dialog);
+                }
+            });
+        };
+        auto pixel = [child](int x, int y) {
+            return child->Image1->image().pixel(x, y) | 0xFF000000;
+        };
+        answer([](PictureDialog* d) {
+            d->setValue(200);
+            QVERIFY(qGreen(d->previewImage().pixel(0, 0)) > 40); // the preview follows
+            d->reject();
+        });
+        menu(child, "mnuImageBrightness")->trigger();
+        QCOMPARE(pixel(0, 0), qRgb(255, 0, 0));
+        QVERIFY(!child->mDirty);
+
+        answer([](PictureDialog* d) {
+            d->setValue(200);
+            d->accept();
+        });
+        menu(child, "mnuImageBrightness")->trigger();
+        QCOMPARE(pixel(0, 0), qRgb(255, 51, 51));
+        QVERIFY(child->mDirty);
+
+        answer([](PictureDialog* d) {
+            d->setValue(-1000);
+            d->accept();
+        });
+        menu(child, "mnuImageContrast")->trigger();
+        QCOMPARE(pixel(0, 0), qRgb(128, 128, 128));
+
+        menu(child, "mnuViewStretch")->trigger();
+        answer([](PictureDialog* d) {
+            d->setAngle(9000);
+            d->accept();
+        });
+        menu(child, "mnuImageRotate")->trigger();
+        QCOMPARE(child->Image1->image().size(), QSize(30, 40));
+        QVERIFY(!child->mStretch); // a rotated picture shows at its natural size
         QVERIFY(menu(child, "mnuViewNormal")->isChecked());
     }
 
