@@ -3,6 +3,7 @@
 #include "documents/MDIForm1.h"
 #include "documents/NewSize1.h"
 #include "documents/PictureDialog.h"
+#include "documents/TextLoader.h"
 #include "platform/ImageCodec.h"
 #include "platform/Messages.h"
 #include "platform/PictureView.h"
@@ -23,6 +24,7 @@
 #include <QLocale>
 #include <QMdiArea>
 #include <QMenu>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -200,7 +202,28 @@ void ChildFrm1::Form_Load() {
         loadPicture(g.gCurrentFile);
     }
     if (FILE_TYPE == u"T"_s)
-        mExt = FileTypes::GetFileExt(windowTitle());
+        loadText(g.gCurrentFile);
+}
+
+void ChildFrm1::loadText(const QString& path) {
+    mExt = FileTypes::GetFileExt(path);
+    Text1 = new QTextEdit(this);
+    Text1->setObjectName(u"Text1"_s);
+    Text1->setAccessibleName(tr("Text"));
+    Text1->setReadOnly(true);
+    Text1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    QWidget* content = widget();
+    setWidget(Text1);
+    delete content;
+    m_frame->EnableTextButtons();
+    // A file that cannot be read leaves the window empty, without a word.
+    const TextLoader::Text text = TextLoader::load(path, mExt);
+    if (!text.ok)
+        return;
+    if (text.rich)
+        Text1->setHtml(text.content);
+    else
+        Text1->setPlainText(text.content);
 }
 
 void ChildFrm1::loadPicture(const QString& path) {
@@ -249,6 +272,11 @@ void ChildFrm1::loadPicture(const QString& path) {
 }
 
 void ChildFrm1::placeInWorkspace() {
+    if (Text1) {
+        move(0, 0);
+        resize(Twips::toPixels(6500), Twips::toPixels(4000));
+        return;
+    }
     if (!Image1 || Image1->image().isNull())
         return;
     // At the top left, and fitted to the picture: its frame around the picture's own size.
@@ -449,6 +477,8 @@ void ChildFrm1::Form_Activate() {
     palette.setColor(QPalette::Window, SettingColor::toQColor(g.gPictureWindowColor));
     widget()->setPalette(palette);
     widget()->setAutoFillBackground(true);
+    if (Text1)
+        WidgetPaint::paint(Text1, g.gDisplayBackColor, g.gDisplayForeColor, g.gBoldType);
     if (mBadLoad) {
         close();
         return;

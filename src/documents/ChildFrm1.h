@@ -8,6 +8,7 @@ class QKeyEvent;
 class PictureDialog;
 class PictureView;
 class QMenu;
+class QTextEdit;
 
 // A document window of the frame: a picture ("I"), a text ("T") or a database table ("D").
 // Its caption is the document's path.
@@ -34,8 +35,9 @@ public:
     qint16 mRoomRight = 0;
     qint16 mRoomDown = 0;
 
-    // The picture of a picture document.
+    // The picture of a picture document, the text of a text document.
     PictureView* Image1 = nullptr;
+    QTextEdit* Text1 = nullptr;
     int bitmapBits() const { return m_bits; }
 
     const QList<QMenu*>& menus() const { return m_menus; }
@@ -65,8 +67,8 @@ public:
     void mnuImageContrast_Click();
     void mnuImageRotate_Click();
 
-    // Places a picture document at the top left of the workspace, fitted to its picture; the
-    // frame calls it once the document is in its workspace.
+    // Places the document at the top left of the workspace, a picture fitted to its picture and
+    // a text at the text window's size; the frame calls it once the document is in its workspace.
     void placeInWorkspace();
 
     // Runs when the document becomes the active one.
@@ -80,6 +82,7 @@ private:
     void buildMenus();
     QAction* menuAction(const char* name) const;
     void loadPicture(const QString& path);
+    void loadText(const QString& path);
     void setCheckMarks();
     // The pair around every picture command: busy pointer and no repaint, then back.
     void beginChange();

@@ -3,14 +3,19 @@
 #include "documents/NewSize1.h"
 #include "documents/PictureDialog.h"
 #include "platform/PictureView.h"
+#include "platform/Twips.h"
 #include "support/MainWindowHarness.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -204,6 +209,41 @@ private Q_SLOTS:
         QCOMPARE(child->Image1->image().size(), QSize(30, 40));
         QVERIFY(!child->mStretch); // a rotated picture shows at its natural size
         QVERIFY(menu(child, "mnuViewNormal")->isChecked());
+    }
+
+    void textDocumentsShowPlainAndRichText() {
+        h->folder().write(u"notes.txt"_s, "first line\r\nsecond line: caf\xc3\xa9\r\n");
+        h->folder().write(u"letter.rtf"_s,
+                          "{\\rtf1\\ansi{\\fonttbl\\f0\\fswiss Helvetica;}\\f0\\pard "
+                          "Dear {\\b friend}.\\par}");
+        ChildFrm1* text = open(u"notes.txt"_s);
+        QVERIFY(text);
+        QCOMPARE(text->FILE_TYPE, u"T"_s);
+        QVERIFY(text->Text1);
+        QVERIFY(text->Text1->isReadOnly());
+        QCOMPARE(text->Text1->toPlainText(), u"first line\nsecond line: café\n"_s);
+        QCOMPARE(text->size(), QSize(Twips::toPixels(6500), Twips::toPixels(4000)));
+        QVERIFY(!menu(text, "mnuViewNormal")->isEnabled());
+
+        ChildFrm1* rich = open(u"letter.rtf"_s);
+        QVERIFY(rich);
+        QCOMPARE(rich->mExt, u"RTF"_s);
+        QVERIFY(rich->Text1->toPlainText().contains(u"Dear friend."_s));
+        QTextCursor cursor = rich->Text1->document()->find(u"friend"_s);
+        QVERIFY(!cursor.isNull());
+        QVERIFY(cursor.charFormat().fontWeight() >= QFont::Bold);
+        rich->close();
+        QVERIFY(h->messages().shown().isEmpty()); // a text never asks to save
+    }
+
+    void anUnreadableTextLeavesAnEmptyWindow() {
+        QDir(h->folder().path()).mkdir(u"folder.txt"_s);
+        ChildFrm1* text = open(u"folder.txt"_s);
+        QVERIFY(text);
+        QCOMPARE(text->FILE_TYPE, u"T"_s);
+        QVERIFY(text->Text1->toPlainText().isEmpty());
+        QCOMPARE(frame()->mChildCount, qint16(1));
+        QVERIFY(h->messages().shown().isEmpty());
     }
 
     void copyOnAPictureOnlyExplains() {
