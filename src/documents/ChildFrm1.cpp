@@ -12,9 +12,12 @@
 #include "platform/Twips.h"
 #include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
+#include "shell/FileOperations.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
 #include "shell/Quorvane1.h"
+#include "shell/Rename1.h"
+#include "shell/ShellList.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -161,6 +164,10 @@ void ChildFrm1::buildMenus() {
     on("mnuImageColorInt", &ChildFrm1::mnuImageColorInt_Click);
     on("mnuEditCopy", &ChildFrm1::mnuEditCopy_Click);
     on("mnuImageResize", &ChildFrm1::mnuImageResize_Click);
+    on("mnuFileSaveAs", &ChildFrm1::mnuFileSaveAs_Click);
+    on("mnuFileRename", &ChildFrm1::mnuFileRename_Click);
+    on("mnuFileMove", &ChildFrm1::mnuFileMove_Click);
+    on("mnuFileDelete", &ChildFrm1::mnuFileDelete_Click);
     on("mnuImageBrightness", &ChildFrm1::mnuImageBrightness_Click);
     on("mnuImageContrast", &ChildFrm1::mnuImageContrast_Click);
     on("mnuImageRotate", &ChildFrm1::mnuImageRotate_Click);
@@ -536,9 +543,11 @@ void ChildFrm1::Form_Unload() {
         return;
     m_unloaded = true;
     if (mDirty) {
-        const bool save =
-            Messages::instance().askYesNo(tr("Do You want to Save Changes to the Picture?"), this);
-        Q_UNUSED(save); // saving pictures comes with the picture documents
+        if (Messages::instance().askYesNo(tr("Do You want to Save Changes to the Picture?"),
+                                          this)) {
+            if (Quorvane1* main = Quorvane1::instance())
+                main->SaveFileAs(windowTitle(), Image1 ? &Image1->image() : nullptr);
+        }
     }
     m_frame->mChildCount = static_cast<qint16>(m_frame->mChildCount - 1);
     if (m_frame->mChildCount > 0) {
@@ -574,6 +583,40 @@ void ChildFrm1::mnuFileOpen_Click() {
         main->AddtoCMBFILE(name);
 }
 
+void ChildFrm1::mnuFileSaveAs_Click() {
+    if (Quorvane1* main = Quorvane1::instance())
+        main->SaveFileAs(windowTitle(), Image1 && mDirty ? &Image1->image() : nullptr);
+}
+
+void ChildFrm1::mnuFileRename_Click() {
+    globals().gCurrentFile = windowTitle();
+    globals().gOpenFile = windowTitle();
+    Rename1 dialog(this);
+    dialog.exec();
+}
+
+void ChildFrm1::mnuFileMove_Click() {
+    if (Quorvane1* main = Quorvane1::instance())
+        main->MoveFile(windowTitle());
+}
+
+void ChildFrm1::mnuFileDelete_Click() {
+    Quorvane1* main = Quorvane1::instance();
+    if (!main)
+        return;
+    const QString caption = windowTitle();
+    if (!FileOperations::isFamilyExtension(mExt)) {
+        main->DeleteFile(caption);
+        return;
+    }
+    // The table lets go of its files before they go.
+    const QStringList members = FileOperations::family(caption);
+    close();
+    for (const QString& member : members)
+        main->DeleteFile(member);
+    main->shellList()->refresh();
+}
+
 void ChildFrm1::mnuFileClose_Click() {
     close();
 }
@@ -585,12 +628,8 @@ void ChildFrm1::mnuHelpContents_Click() {
 
 // The commands below act on the document's contents and on files; they come with the
 // picture, text and table documents and the file operations.
-void ChildFrm1::mnuFileDelete_Click() {}
-void ChildFrm1::mnuFileMove_Click() {}
 void ChildFrm1::mnuFilePrint_Click() {}
-void ChildFrm1::mnuFileRename_Click() {}
 void ChildFrm1::mnuFileSend_Click() {}
-void ChildFrm1::mnuFileSaveAs_Click() {}
 void ChildFrm1::mnuEditCopy_Click() {
     if (FILE_TYPE == u"I"_s)
         Messages::instance().inform(

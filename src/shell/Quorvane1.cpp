@@ -3,6 +3,7 @@
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
 #include "platform/DroppedFiles.h"
+#include "platform/ImageCodec.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/SettingColor.h"
@@ -14,8 +15,11 @@
 #include "settings/OptionsFile.h"
 #include "settings/SettingsText.h"
 #include "shell/FileListModel.h"
+#include "shell/FileOperations.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
+#include "shell/MoveFile1.h"
+#include "shell/Rename1.h"
 #include "shell/ShellList.h"
 #include "shell/ShellTreeModel.h"
 #include "shell/StartupRules.h"
@@ -366,15 +370,20 @@ void Quorvane1::buildMenus() {
             &Quorvane1::mnuFileOpen_Click);
     connect(addCommand(file, "mnuFileClose", tr("Close File")), &QAction::triggered, this,
             &Quorvane1::mnuFileClose_Click);
-    addCommand(file, "mnuFileOLE", tr("Open File with Another Application"));
+    connect(addCommand(file, "mnuFileOLE", tr("Open File with Another Application")),
+            &QAction::triggered, this, &Quorvane1::mnuFileOLE_Click);
     file->addSeparator();
     addCommand(file, "mnuFileFind", tr("Find Files"));
     addCommand(file, "mnuFileFindNext", tr("Find Next File"));
     file->addSeparator();
-    addCommand(file, "mnuFileSave", tr("Save File As"));
-    addCommand(file, "mnuFileMove", tr("Move File"));
-    addCommand(file, "mnuFileRename", tr("Rename File"));
-    addCommand(file, "mnuFileDelete", tr("Delete File"));
+    connect(addCommand(file, "mnuFileSave", tr("Save File As")), &QAction::triggered, this,
+            &Quorvane1::mnuFileSave_Click);
+    connect(addCommand(file, "mnuFileMove", tr("Move File")), &QAction::triggered, this,
+            &Quorvane1::mnuFileMove_Click);
+    connect(addCommand(file, "mnuFileRename", tr("Rename File")), &QAction::triggered, this,
+            &Quorvane1::mnuFileRename_Click);
+    connect(addCommand(file, "mnuFileDelete", tr("Delete File")), &QAction::triggered, this,
+            &Quorvane1::mnuFileDelete_Click);
     file->addSeparator();
     connect(addCommand(file, "mnuFilePrint", tr("Print File")), &QAction::triggered, this,
             &Quorvane1::mnuFilePrint_Click);
@@ -963,6 +972,129 @@ void Quorvane1::mnuFileOpen_Click() {
     mFileExt = GetFileExt(name);
     DisplayImage(name);
     AddtoCMBFILE(name);
+}
+
+void Quorvane1::DeleteFile(const QString& path) {
+    // The desktop's trash keeps the file, so a delete can be undone; the user confirms first.
+    if (!Messages::instance().askYesNo(tr("Move - ") + path + tr(" - to the Trash?"), this))
+        return;
+    if (FileOperations::moveToTrash(path).number() == AppError::PathFileAccess)
+        Messages::instance().inform(
+            tr("File - ") + path + tr(" still open - Close the File Window"), this);
+}
+
+void Quorvane1::mnuFileDelete_Click() {
+    Globals& g = globals();
+    if (!FileOperations::isFamilyExtension(mFileExt)) {
+        DeleteFile(g.gCurrentFile);
+    } else {
+        if (MDIForm1* frame = g.gFrameOpen ? frameWindow() : nullptr) {
+            if (ChildFrm1* child = frame->activeChild();
+                child && child->windowTitle() == g.gCurrentFile)
+                child->close();
+        }
+        for (const QString& member : FileOperations::family(g.gCurrentFile))
+            DeleteFile(member);
+    }
+    PTxShList1->refresh();
+    if (PTxShList1->selectedCount() == 0)
+        DisableSelectMenus();
+}
+
+void Quorvane1::MoveFile(const QString& name) {
+    Globals& g = globals();
+    g.gMoveSource = name;
+    const QString extension = FileTypes::GetFileExt(name);
+    Messages::FileRequest request;
+    request.title = tr("Enter File Name and Folder to move To - ") + name;
+    request.folder = PathUtil::folderOf(name);
+    request.fileName = PathUtil::nameOf(name);
+    request.filterPairs = extension + u"|*."_s + extension;
+    const QString target = Messages::instance().saveFileName(request, this);
+    if (target.trimmed().isEmpty())
+        return;
+    g.gMoveTarget = target;
+    MoveFile1 dialog(this);
+    dialog.exec();
+}
+
+void Quorvane1::mnuFileMove_Click() {
+    MoveFile(globals().gCurrentFile);
+}
+
+void Quorvane1::mnuFileRename_Click() {
+    globals().gOpenFile = PTxShList1->selectedPath();
+    if (globals().gOpenFile.isEmpty())
+        return;
+    Rename1 dialog(this);
+    dialog.exec();
+}
+
+void Quorvane1::mnuFileSave_Click() {
+    const QString selected = PTxShList1->selectedPath();
+    if (!selected.isEmpty())
+        SaveFileAs(selected);
+}
+
+void Quorvane1::SaveFileAs(const QString& file, const QImage* edited) {
+    Messages& messages = Messages::instance();
+    mFileExt = file.contains(u'/') ? GetFileExt(file) : u"JPG"_s;
+    const int index = FileTypes::indexOf(globals().gFileExtTable, mFileExt);
+    Messages::FileRequest request;
+    request.title = tr("Enter New File Name for - ") + file;
+    request.folder = PathUtil::folderOf(file);
+    request.fileName = file;
+    request.filterPairs = mFileExt + u"|*."_s + mFileExt;
+    const QString target = messages.saveFileName(request, this);
+    if (target.trimmed().isEmpty())
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (index < 28) {
+        // A picture is written in the format of its own extension, whatever the new name says.
+        QImage image;
+        if (edited) {
+            image = *edited;
+        } else {
+            const ImageCodec::Picture picture = ImageCodec::decode(file);
+            image = picture.image;
+        }
+        const AppError error =
+            image.isNull()
+                ? AppError(ImageCodec::ReadFailed)
+                : ImageCodec::encode(image, target, FileTypes::GetFileFormatCode(mFileExt));
+        if (error)
+            messages.inform(tr("Error Saving File - ") + QString::number(error.number()), this);
+    } else if (FileOperations::copyFile(file, target, true)) {
+        messages.inform(tr("Error Copying File - 0"), this);
+    }
+    QApplication::restoreOverrideCursor();
+    PTxShList1->refresh();
+}
+
+void Quorvane1::OpenwithOLE(const QString& file) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool opened =
+        QFileInfo::exists(file) && QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    QApplication::restoreOverrideCursor();
+    if (!opened)
+        Messages::instance().inform(
+            tr("Error Loading File Type - Check Explorer Options to set up Program for this File "
+               "Type - ") +
+                file,
+            this);
+}
+
+void Quorvane1::mnuFileOLE_Click() {
+    InitializeDisplay();
+    const QString file = PTxShList1->selectedPath();
+    const QString extension = GetFileExt(file);
+    if (extension == u"HTM"_s || extension == u"HTML"_s) {
+        if (MDIForm1* frame = frameWindow()) {
+            if (ChildFrm1* child = frame->activeChild())
+                child->close();
+        }
+    }
+    OpenwithOLE(file);
 }
 
 void Quorvane1::mnuFileClose_Click() {

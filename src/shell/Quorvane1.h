@@ -8,6 +8,7 @@
 
 class ChildFrm1;
 class QAction;
+class QImage;
 class QComboBox;
 class QFrame;
 class QLabel;
@@ -51,6 +52,16 @@ public:
     void AddtoCMBFILE(const QString& path);
     // Sends a file to its display: a document window, the player, or nowhere.
     void DisplayImage(const QString& file);
+
+    // File operations, also used by the document windows.
+    void DeleteFile(const QString& path);
+    void MoveFile(const QString& name);
+    // Save As of any file: a picture is written in the format of its own extension (from
+    // `edited` when given, else from the file), other files are copied.
+    void SaveFileAs(const QString& file, const QImage* edited = nullptr);
+    void OpenwithOLE(const QString& file);
+    void mnuFileDelete_Click();
+    void mnuFileRename_Click();
 
     // Classification of a file name; see FileTypes.
     QString GetFileExt(const QString& name) const;
@@ -125,6 +136,9 @@ private:
     void QuikPictBtn_Click();
     void mnuFileOpen_Click();
     void mnuFileClose_Click();
+    void mnuFileMove_Click();
+    void mnuFileSave_Click();
+    void mnuFileOLE_Click();
     void mnuFilePrint_Click();
     void mnuFileSend_Click();
     void mnuFileProptee_Click();
