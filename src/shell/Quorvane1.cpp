@@ -19,6 +19,7 @@
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
 #include "shell/MoveFile1.h"
+#include "shell/QuikPict1.h"
 #include "shell/Rename1.h"
 #include "shell/ShellList.h"
 #include "shell/ShellTreeModel.h"
@@ -813,10 +814,9 @@ void Quorvane1::PTxShList1_SelectionChanged(const QString& path) {
         QuikPictBtn->setEnabled(true);
         EnableSelectMenus();
         if (mQuikPictOn) {
-            if (QWidget* quick = WindowRegistry::touch(u"QuikPict1"_s)) {
-                quick->setProperty("picturePath", g.gCurrentFile);
-                quick->show();
-            }
+            QuikPict1* quick = WindowRegistry::get<QuikPict1>();
+            quick->show();
+            quick->loadPicture(g.gCurrentFile);
         }
     } else {
         QuikPictBtn->setEnabled(false);
@@ -950,10 +950,9 @@ void Quorvane1::QuikPictBtn_Click() {
     } else {
         QuikPictBtn->setIcon(QIcon(PathUtil::join(bitmaps, u"Picture4.Bmp"_s)));
         if (!globals().gQuikPictOpen) {
-            if (QWidget* quick = WindowRegistry::touch(u"QuikPict1"_s)) {
-                quick->setProperty("picturePath", globals().gCurrentFile);
-                quick->show();
-            }
+            QuikPict1* quick = WindowRegistry::get<QuikPict1>();
+            quick->show();
+            quick->loadPicture(globals().gCurrentFile);
         }
         mQuikPictOn = true;
     }

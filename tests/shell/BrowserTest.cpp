@@ -1,8 +1,10 @@
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "platform/PictureView.h"
 #include "platform/TextFile.h"
 #include "platform/Twips.h"
 #include "shell/FileListModel.h"
+#include "shell/QuikPict1.h"
 #include "shell/ShellList.h"
 #include "support/MainWindowHarness.h"
 
@@ -343,6 +345,36 @@ private Q_SLOTS:
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"T"_s);
         QCOMPARE(player->shows, 0); // only the first dropped file counts
         delete player;
+    }
+
+    void quickViewFollowsTheSelectionUntilItsButtonEndsIt() {
+        auto* button = control<QToolButton>("QuikPictBtn");
+        select(u"x.jpg"_s);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(h->window()->quikPictOn());
+        QVERIFY(globals().gQuikPictOpen);
+        auto* quick = qobject_cast<QuikPict1*>(WindowRegistry::find(QuikPict1::WindowName()));
+        QVERIFY(quick);
+        QCOMPARE(quick->windowTitle(), u"Quick View"_s);
+        QCOMPARE(quick->picture()->image().size(), QSize(40, 30));
+        const QImage shown = quick->picture()->image();
+
+        select(u"a.wav"_s); // below 39 too: loaded, fails, the picture stays
+        QCOMPARE(quick->picture()->image(), shown);
+        const int mode = quick->picture()->paintSizeMode();
+        QTest::mouseClick(quick->picture(), Qt::LeftButton);
+        QVERIFY(quick->picture()->paintSizeMode() != mode);
+
+        quick->close(); // its own close box leaves quick view on
+        QTRY_VERIFY(!WindowRegistry::find(QuikPict1::WindowName()));
+        QVERIFY(!globals().gQuikPictOpen);
+        QVERIFY(h->window()->quikPictOn());
+        select(u"y.jpg"_s);
+        QVERIFY(globals().gQuikPictOpen);
+
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!h->window()->quikPictOn());
+        QTRY_VERIFY(!globals().gQuikPictOpen);
     }
 
     void theListRefusesToRenameInPlace() {
