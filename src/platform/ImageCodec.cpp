@@ -146,6 +146,12 @@ ImageCodec::Picture ImageCodec::decode(const QString& path) {
     AppError readError;
     switch (readerFor(extension)) {
     case Reader::Qt:
+        if (extension == u"JPG"_s) {
+            const QByteArray bytes = readBytes(path, readError);
+            result =
+                readError ? ImageReaders::Result{{}, 0, readError} : ImageReaders::readJpeg(bytes);
+            break;
+        }
         result = readWithQt(path, qtFormats().value(extension));
         // Qt's readers leave out some variants of their formats (TGA other than the plain
         // kinds, for one); ImageMagick reads those.

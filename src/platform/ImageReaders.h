@@ -16,6 +16,8 @@ struct Result {
     AppError error;
 };
 
+// libjpeg-turbo for JPEG.
+Result readJpeg(const QByteArray& bytes);
 // ImageMagick, with the coder named (e.g. "PCX", "SUN", "PICT"); the first frame only.
 Result readWithMagick(const QByteArray& bytes, const char* coder);
 // The same from the file, for formats that ImageMagick hands to another program.
