@@ -58,7 +58,7 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
         const Magick::Blob blob =
             bytes ? Magick::Blob(bytes->constData(), static_cast<size_t>(bytes->size()))
                   : Magick::Blob();
-        const std::string spec = std::string(coder) + ':' + QFile::encodeName(path).toStdString();
+        const std::string source = std::string(coder) + ':' + QFile::encodeName(path).toStdString();
         Magick::Image probe;
         probe.quiet(true);
         probe.subRange(1);
@@ -66,7 +66,7 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
         if (bytes)
             probe.ping(blob);
         else
-            probe.ping(spec);
+            probe.ping(source);
         if (!withinLimits(probe.columns(), probe.rows()))
             return result;
 
@@ -77,7 +77,7 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
         if (bytes)
             image.read(blob);
         else
-            image.read(spec);
+            image.read(source);
         const qint64 width = image.columns();
         const qint64 height = image.rows();
         if (width <= 0 || height <= 0 || !withinLimits(width, height))
