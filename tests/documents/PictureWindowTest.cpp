@@ -5,6 +5,7 @@
 #include "platform/PictureView.h"
 #include "platform/Twips.h"
 #include "support/MainWindowHarness.h"
+#include "support/ModalAnswer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -138,14 +139,7 @@ private Q_SLOTS:
     void resizeKeepsTheAspectAndCancelLeavesThePictureAlone() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
-        auto answer = [](std::function<void(NewSize1*)> act) {
-            QTimer::singleShot(0, [act] {
-                for (QWidget* w : QApplication::topLevelWidgets()) {
-                    if (auto* dialog = qobject_cast<NewSize1*>(w); dialog && dialog->isVisible())
-                        act(dialog);
-                }
-            });
-        };
+        auto answer = [](std::function<void(NewSize1*)> act) { answerModal<NewSize1>(act); };
         answer([](NewSize1* d) { d->findChild<QPushButton*>(u"CancelBtn"_s)->click(); });
         menu(child, "mnuImageResize")->trigger();
         QCOMPARE(child->Image1->image().size(), QSize(40, 30));
@@ -165,13 +159,7 @@ private Q_SLOTS:
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
         auto answer = [](std::function<void(PictureDialog*)> act) {
-            QTimer::singleShot(0, [act] {
-                for (QWidget* w : QApplication::topLevelWidgets()) {
-                    if (auto* dialog = qobject_cast<PictureDialog*>(w);
-                        dialog && dialog->isVisible())
-                        act(dialog);
-                }
-            });
+            answerModal<PictureDialog>(act);
         };
         auto pixel = [child](int x, int y) {
             return child->Image1->image().pixel(x, y) | 0xFF000000;

@@ -3,6 +3,7 @@
 #include "shell/Rename1.h"
 #include "shell/ShellList.h"
 #include "support/MainWindowHarness.h"
+#include "support/ModalAnswer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -11,22 +12,6 @@
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// Acts on the modal dialog of type D as soon as it is shown.
-template <class D> void answer(std::function<void(D*)> act) {
-    QTimer::singleShot(0, [act] {
-        for (QWidget* w : QApplication::topLevelWidgets()) {
-            if (auto* dialog = qobject_cast<D*>(w); dialog && dialog->isVisible()) {
-                act(dialog);
-                return;
-            }
-        }
-    });
-}
-
-} // namespace
 
 class FileCommandsTest : public QObject {
     Q_OBJECT
@@ -87,7 +72,7 @@ private Q_SLOTS:
 
     void renamingToATakenNameKeepsBothFiles() {
         select(u"notes.txt"_s);
-        answer<Rename1>([](Rename1* dialog) {
+        answerModal<Rename1>([](Rename1* dialog) {
             dialog->newNameBox()->setText(u"taken"_s);
             dialog->findChild<QPushButton*>(u"OKBtn"_s)->click();
             QTimer::singleShot(0, dialog, &QDialog::reject);
@@ -100,7 +85,7 @@ private Q_SLOTS:
 
         h->messages().clear();
         select(u"notes.txt"_s);
-        answer<Rename1>([](Rename1* dialog) {
+        answerModal<Rename1>([](Rename1* dialog) {
             dialog->newNameBox()->setText(u"renamed"_s);
             dialog->findChild<QPushButton*>(u"OKBtn"_s)->click();
         });
@@ -112,7 +97,7 @@ private Q_SLOTS:
 
     void renamingATableRenamesItsFamily() {
         select(u"SALES.DBF"_s);
-        answer<Rename1>([](Rename1* dialog) {
+        answerModal<Rename1>([](Rename1* dialog) {
             QCOMPARE(dialog->newNameBox()->text(), u"SALES"_s);
             dialog->newNameBox()->setText(u"TRADE"_s);
             dialog->findChild<QPushButton*>(u"OKBtn"_s)->click();
@@ -129,7 +114,7 @@ private Q_SLOTS:
         h->folder().write(u"archive/SALES.DBT"_s, "someone else's");
         select(u"SALES.DBF"_s);
         h->messages().answer(h->folder().file(u"archive/SALES.DBF"_s));
-        answer<MoveFile1>([](MoveFile1* dialog) {
+        answerModal<MoveFile1>([](MoveFile1* dialog) {
             dialog->findChild<QPushButton*>(u"OKBtn"_s)->click();
             QTimer::singleShot(0, dialog, &QDialog::reject);
         });
@@ -143,7 +128,7 @@ private Q_SLOTS:
         QDir(h->folder().path()).mkdir(u"free"_s);
         select(u"SALES.DBF"_s);
         h->messages().answer(h->folder().file(u"free/SALES.DBF"_s));
-        answer<MoveFile1>(
+        answerModal<MoveFile1>(
             [](MoveFile1* dialog) { dialog->findChild<QPushButton*>(u"OKBtn"_s)->click(); });
         action("mnuFileMove")->trigger();
         QCOMPARE(filesIn(h->folder().file(u"free"_s)),
