@@ -133,19 +133,14 @@ ImageCodec::Reader ImageCodec::readerFor(const QString& extension) {
     return Reader::None;
 }
 
-ImageCodec::Picture ImageCodec::decode(const QString& path) {
-    Picture picture;
-    const QFileInfo info(path);
-    picture.diskSize = info.size();
-    if (!info.isFile()) {
-        picture.error = AppError(info.exists() ? AppError::PathFileAccess : AppError::FileNotFound);
-        return picture;
-    }
-    const QString extension = info.suffix().toUpper();
+namespace {
+
+// The picture read as a file of the extension says.
+ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     ImageReaders::Result result;
     AppError readError;
-    switch (readerFor(extension)) {
-    case Reader::Qt:
+    switch (ImageCodec::readerFor(extension)) {
+    case ImageCodec::Reader::Qt:
         if (extension == u"JPG"_s) {
             const QByteArray bytes = readBytes(path, readError);
             result =
@@ -162,7 +157,7 @@ ImageCodec::Picture ImageCodec::decode(const QString& path) {
                     bytes, qtFormats().value(extension).toUpper().constData());
         }
         break;
-    case Reader::ImageMagick: {
+    case ImageCodec::Reader::ImageMagick: {
         // IFF is read by ImageMagick through netpbm's ilbmtoppm, which needs the file itself.
         if (extension == u"IFF"_s) {
             result = ImageReaders::readWithMagickFile(path, "ILBM");
@@ -173,23 +168,72 @@ ImageCodec::Picture ImageCodec::decode(const QString& path) {
                            : ImageReaders::readWithMagick(bytes, magickCoders().value(extension));
         break;
     }
-    case Reader::Ghostscript:
+    case ImageCodec::Reader::Ghostscript:
         result = ImageReaders::readEps(path);
         break;
-    case Reader::Emf:
+    case ImageCodec::Reader::Emf:
         result = ImageReaders::readEmf(path);
         break;
-    case Reader::Netpbm:
+    case ImageCodec::Reader::Netpbm:
         result = ImageReaders::readGemImg(path);
         break;
-    case Reader::Msp: {
+    case ImageCodec::Reader::Msp: {
         const QByteArray bytes = readBytes(path, readError);
         result = readError ? ImageReaders::Result{{}, 0, readError} : ImageReaders::readMsp(bytes);
         break;
     }
-    case Reader::None:
-        result.error = AppError(UnknownFormat);
+    case ImageCodec::Reader::None:
+        result.error = AppError(ImageCodec::UnknownFormat);
         break;
+    }
+    return result;
+}
+
+// The extension that the first bytes of a file stand for, for the common formats.
+QString extensionByContent(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray head = file.read(16);
+    if (head.startsWith("\xFF\xD8\xFF"))
+        return u"JPG"_s;
+    if (head.startsWith("\x89PNG"))
+        return u"PNG"_s;
+    if (head.startsWith("BM"))
+        return u"BMP"_s;
+    if (head.startsWith("II*") || head.startsWith("MM\0*"))
+        return u"TIF"_s;
+    if (head.startsWith("8BPS"))
+        return u"PSD"_s;
+    if (head.startsWith("\x59\xA6\x6A\x95"))
+        return u"RAS"_s;
+    if (head.startsWith("%!PS"))
+        return u"EPS"_s;
+    if (head.startsWith("DanM") || head.startsWith("LinS"))
+        return u"MSP"_s;
+    return {};
+}
+
+} // namespace
+
+ImageCodec::Picture ImageCodec::decode(const QString& path) {
+    Picture picture;
+    const QFileInfo info(path);
+    picture.diskSize = info.size();
+    if (!info.isFile()) {
+        picture.error = AppError(info.exists() ? AppError::PathFileAccess : AppError::FileNotFound);
+        return picture;
+    }
+    const QString extension = info.suffix().toUpper();
+    ImageReaders::Result result = decodeAs(path, extension);
+    if (result.error.number() == UnknownFormat || result.error.number() == ReadFailed) {
+        // A picture saved under another format's extension still opens by what it holds.
+        const QString actual = extensionByContent(path);
+        if (!actual.isEmpty() && actual != extension) {
+            ImageReaders::Result second = decodeAs(path, actual);
+            if (!second.error)
+                result = std::move(second);
+        }
     }
     picture.image = std::move(result.image);
     picture.bitsPerPixel = result.bits;

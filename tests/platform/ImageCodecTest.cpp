@@ -289,6 +289,21 @@ TEST(ImageCodec, DamagedFilesFailWithTheCodecsNumbers) {
     EXPECT_GT(damaged, 150);
 }
 
+TEST(ImageCodec, APictureUnderAnotherFormatsNameOpensByItsContent) {
+    TempFolder dir;
+    QFile::copy(QDir(generatedPictures()).filePath(u"png-24.PNG"_s), dir.file(u"really-png.TGA"_s));
+    QFile::copy(QDir(generatedPictures()).filePath(u"tiff-lzw.TIF"_s),
+                dir.file(u"really-tiff.JPG"_s));
+    for (const QString& name : {u"really-png.TGA"_s, u"really-tiff.JPG"_s}) {
+        const ImageCodec::Picture picture = ImageCodec::decode(dir.file(name));
+        EXPECT_FALSE(picture.error) << name.toStdString() << ": " << picture.error.number();
+        EXPECT_EQ(picture.image.size(), QSize(64, 48)) << name.toStdString();
+    }
+    dir.write(u"text.PNG"_s, "just some words, no picture");
+    const int number = ImageCodec::decode(dir.file(u"text.PNG"_s)).error.number();
+    EXPECT_TRUE(number == 20002 || number == 20009) << number;
+}
+
 TEST(ImageCodec, WritesByFormatCodeWhateverTheExtension) {
     TempFolder dir;
     const ImageCodec::Picture source =

@@ -147,6 +147,16 @@ private Q_SLOTS:
         QCOMPARE(copy.image.size(), QSize(40, 30));
         QVERIFY(h->folder().read(u"copy.jpg"_s).startsWith("\xFF\xD8"));
 
+        // Saved under a BMP name the picture keeps its JPEG format, and still opens.
+        h->messages().clear();
+        select(u"photo.jpg"_s);
+        h->messages().answer(h->folder().file(u"as.BMP"_s));
+        action("mnuFileSave")->trigger();
+        QVERIFY(h->folder().read(u"as.BMP"_s).startsWith("\xFF\xD8"));
+        const ImageCodec::Picture asBmp = ImageCodec::decode(h->folder().file(u"as.BMP"_s));
+        QVERIFY(!asBmp.error);
+        QCOMPARE(asBmp.image.size(), QSize(40, 30));
+
         h->messages().clear();
         select(u"notes.txt"_s);
         h->messages().answer(h->folder().file(u"taken.txt"_s));
