@@ -6,6 +6,7 @@
 #include "documents/TextLoader.h"
 #include "platform/ImageCodec.h"
 #include "platform/Messages.h"
+#include "platform/PathUtil.h"
 #include "platform/PictureView.h"
 #include "platform/PixelOps.h"
 #include "platform/SettingColor.h"
@@ -165,6 +166,9 @@ void ChildFrm1::buildMenus() {
     on("mnuEditCopy", &ChildFrm1::mnuEditCopy_Click);
     on("mnuImageResize", &ChildFrm1::mnuImageResize_Click);
     on("mnuFileSaveAs", &ChildFrm1::mnuFileSaveAs_Click);
+    on("mnuFilePrint", &ChildFrm1::mnuFilePrint_Click);
+    on("mnuFileSend", &ChildFrm1::mnuFileSend_Click);
+    on("mnuFileOLE", &ChildFrm1::mnuFileOLE_Click);
     on("mnuFileRename", &ChildFrm1::mnuFileRename_Click);
     on("mnuFileMove", &ChildFrm1::mnuFileMove_Click);
     on("mnuFileDelete", &ChildFrm1::mnuFileDelete_Click);
@@ -617,6 +621,55 @@ void ChildFrm1::mnuFileDelete_Click() {
     main->shellList()->refresh();
 }
 
+bool ChildFrm1::saveChangesInPlace() {
+    if (!mDirty || !Image1)
+        return true;
+    if (!Messages::instance().askYesNo(tr("Do You want to Save Changes to the Picture?"), this))
+        return false;
+    const QString caption = windowTitle();
+    mExt = FileTypes::GetFileExt(caption);
+    if (!ImageCodec::encode(Image1->image(), caption, FileTypes::GetFileFormatCode(mExt)))
+        mDirty = false;
+    return true;
+}
+
+void ChildFrm1::mnuFilePrint_Click() {
+    saveChangesInPlace();
+    Globals& g = globals();
+    const QString caption = windowTitle();
+    g.gPrintFolder = PathUtil::folderOf(caption);
+    g.gPrintFile = PathUtil::nameOf(caption);
+    g.gOpenFile = caption;
+    g.gCallerTag = u"M"_s;
+    m_frame->mPrintPassword.clear();
+    if (QWidget* print = WindowRegistry::touch(u"PrntFrm1"_s)) {
+        print->show();
+        print->raise();
+    }
+}
+
+void ChildFrm1::mnuFileSend_Click() {
+    saveChangesInPlace();
+    globals().gCurrentFile = windowTitle();
+    if (QWidget* send = WindowRegistry::touch(u"SendFile1"_s)) {
+        send->show();
+        send->raise();
+    }
+}
+
+void ChildFrm1::mnuFileOLE_Click() {
+    Quorvane1* main = Quorvane1::instance();
+    if (!main)
+        return;
+    // A web page shown here lets go of its file before another program opens it.
+    if ((mExt == u"HTM"_s || mExt == u"HTML"_s) && Text1) {
+        const TextLoader::Text closeText =
+            TextLoader::load(PathUtil::join(globals().gAppPath, u"Close.Txt"_s), u"TXT"_s);
+        Text1->setPlainText(closeText.content);
+    }
+    main->OpenwithOLE(windowTitle());
+}
+
 void ChildFrm1::mnuFileClose_Click() {
     close();
 }
@@ -628,8 +681,6 @@ void ChildFrm1::mnuHelpContents_Click() {
 
 // The commands below act on the document's contents and on files; they come with the
 // picture, text and table documents and the file operations.
-void ChildFrm1::mnuFilePrint_Click() {}
-void ChildFrm1::mnuFileSend_Click() {}
 void ChildFrm1::mnuEditCopy_Click() {
     if (FILE_TYPE == u"I"_s)
         Messages::instance().inform(

@@ -60,6 +60,7 @@ public:
     void mnuViewTable_Click();
     void mnuViewComments_Click();
     void mnuHelpContents_Click();
+    void mnuFileOLE_Click();
     void mnuImageFlip_Click();
     void mnuImageReverse_Click();
     void mnuImageInvert_Click();
@@ -89,6 +90,8 @@ private:
     void endChange();
     template <class Change> void changePicture(Change change);
     bool runAdjustDialog(PictureDialog& dialog);
+    // Asks to save a changed picture and saves it under its own name on Yes; false on No.
+    bool saveChangesInPlace();
     void Image1_DblClick();
     void Image1_MouseUp(Qt::MouseButton button, QPoint position);
     void Form_Load();

@@ -234,6 +234,25 @@ private Q_SLOTS:
         QVERIFY(h->messages().shown().isEmpty());
     }
 
+    void printAsksToSaveAChangedPictureInPlace() {
+        ChildFrm1* child = open(u"photo.png"_s);
+        QVERIFY(child);
+        menu(child, "mnuImageReverse")->trigger();
+        h->messages().answer(false);
+        menu(child, "mnuFilePrint")->trigger();
+        QVERIFY(child->mDirty); // a refusal keeps the change pending
+        QCOMPARE(globals().gCallerTag, u"M"_s);
+        QCOMPARE(globals().gPrintFile, u"photo.png"_s);
+        QCOMPARE(globals().gPrintFolder, h->folder().path());
+
+        h->messages().answer(true);
+        menu(child, "mnuFilePrint")->trigger();
+        QVERIFY(!child->mDirty);
+        const QImage onDisk(h->folder().file(u"photo.png"_s));
+        QCOMPARE(onDisk.pixel(0, 0) | 0xFF000000, qRgb(0, 0, 255)); // saved reversed
+        QCOMPARE(h->messages().shown().size(), 2);
+    }
+
     void copyOnAPictureOnlyExplains() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
