@@ -255,8 +255,9 @@ void MDIForm1::NewWindowFile() {
     auto* child = new ChildFrm1(this, g.gCurrentFile);
     mLastFile = g.gCurrentFile;
     if (child->FILE_TYPE.isEmpty() && !child->mBadLoad) {
-        // A clip dropped on the frame: the player takes it.
-        child->deleteLater();
+        // A clip dropped on the frame: the player takes it, and the window goes again through
+        // its unload, which counts it out.
+        child->close();
     } else {
         addChild(child);
     }
