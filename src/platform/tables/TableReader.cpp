@@ -1,0 +1,16 @@
+#include "platform/tables/TableReader.h"
+
+#include "platform/tables/DbaseReader.h"
+
+TableRows::~TableRows() = default;
+TableReader::~TableReader() = default;
+
+TableReader::Opened TableReader::open(const QString& connect, const QString& path,
+                                      const QString& password) {
+    Q_UNUSED(password);
+    if (connect.startsWith(QLatin1String("dBASE")))
+        return DbaseReader::openFile(path);
+    Opened unknown;
+    unknown.error = AppError(AppError::PathFileAccess);
+    return unknown;
+}
