@@ -1,6 +1,7 @@
 #include "platform/tables/TableReader.h"
 
 #include "platform/tables/DbaseReader.h"
+#include "platform/tables/ParadoxReader.h"
 
 TableRows::~TableRows() = default;
 TableReader::~TableReader() = default;
@@ -10,6 +11,8 @@ TableReader::Opened TableReader::open(const QString& connect, const QString& pat
     Q_UNUSED(password);
     if (connect.startsWith(QLatin1String("dBASE")))
         return DbaseReader::openFile(path);
+    if (connect.startsWith(QLatin1String("Paradox")))
+        return ParadoxReader::openFile(path);
     Opened unknown;
     unknown.error = AppError(AppError::PathFileAccess);
     return unknown;

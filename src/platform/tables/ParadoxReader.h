@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/tables/TableReader.h"
+
+struct px_doc;
+
+// Paradox tables (.DB with .MB memos and the .PX primary index) through pxlib. Companion files
+// are found whatever their letter case.
+class ParadoxReader final : public TableReader {
+public:
+    static Opened openFile(const QString& path);
+    ~ParadoxReader() override;
+
+    QList<TableDef> tableDefs() override;
+    std::unique_ptr<TableRows> rows(const QString& table, const QString& index) override;
+
+private:
+    ParadoxReader() = default;
+
+    px_doc* m_doc = nullptr;
+    TableDef m_def;
+    QList<int> m_types;   // pxlib's field types
+    QList<int> m_lengths; // bytes of each field in a record
+};
