@@ -1,5 +1,6 @@
 #include "platform/tables/TableReader.h"
 
+#include "platform/tables/AccessReader.h"
 #include "platform/tables/DbaseReader.h"
 #include "platform/tables/ParadoxReader.h"
 
@@ -8,11 +9,12 @@ TableReader::~TableReader() = default;
 
 TableReader::Opened TableReader::open(const QString& connect, const QString& path,
                                       const QString& password) {
-    Q_UNUSED(password);
     if (connect.startsWith(QLatin1String("dBASE")))
         return DbaseReader::openFile(path);
     if (connect.startsWith(QLatin1String("Paradox")))
         return ParadoxReader::openFile(path);
+    if (connect.startsWith(QLatin1String("Access")))
+        return AccessReader::openFile(path, password);
     Opened unknown;
     unknown.error = AppError(AppError::PathFileAccess);
     return unknown;
