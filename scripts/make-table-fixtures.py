@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Makes the test tables with tools we did not write: python3-dbf for dBASE.
+"""Makes the test tables with tools we did not write: python3-dbf for dBASE, python3-xlwt for
+Excel.
 
 Usage: make-table-fixtures.py OUTPUT-FOLDER
 """
@@ -8,6 +9,7 @@ import os
 import sys
 
 import dbf
+import xlwt
 
 out = sys.argv[1]
 os.makedirs(out, exist_ok=True)
@@ -26,3 +28,17 @@ table.append(("Widget", 12, 2.5, datetime.date(2024, 3, 1), True, "First order o
 table.append(("Gadget", 3, 19.99, datetime.date(2024, 3, 2), False, ""))
 table.append(("Sprocket", 250, 0.15, datetime.date(2024, 3, 5), True, "Bulk\r\nsecond line"))
 table.close()
+
+# An Excel workbook of two sheets, the first row the field names.
+book = xlwt.Workbook()
+prices = book.add_sheet("Prices")
+for col, name in enumerate(("Item", "Price", "Stock")):
+    prices.write(0, col, name)
+for row, (item, price, stock) in enumerate((("Widget", 2.5, 12), ("Gadget", 19.99, 3)), start=1):
+    prices.write(row, 0, item)
+    prices.write(row, 1, price)
+    prices.write(row, 2, stock)
+people = book.add_sheet("People")
+people.write(0, 0, "Name")
+people.write(1, 0, "Zoë")
+book.save(os.path.join(out, "BOOK.XLS"))

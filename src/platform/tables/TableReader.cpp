@@ -2,6 +2,7 @@
 
 #include "platform/tables/AccessReader.h"
 #include "platform/tables/DbaseReader.h"
+#include "platform/tables/ExcelReader.h"
 #include "platform/tables/ParadoxReader.h"
 
 TableRows::~TableRows() = default;
@@ -15,6 +16,8 @@ TableReader::Opened TableReader::open(const QString& connect, const QString& pat
         return ParadoxReader::openFile(path);
     if (connect.startsWith(QLatin1String("Access")))
         return AccessReader::openFile(path, password);
+    if (connect.startsWith(QLatin1String("Excel")))
+        return ExcelReader::openFile(path);
     Opened unknown;
     unknown.error = AppError(AppError::PathFileAccess);
     return unknown;
