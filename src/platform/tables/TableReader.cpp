@@ -3,6 +3,7 @@
 #include "platform/tables/AccessReader.h"
 #include "platform/tables/DbaseReader.h"
 #include "platform/tables/ExcelReader.h"
+#include "platform/tables/LotusReader.h"
 #include "platform/tables/ParadoxReader.h"
 
 TableRows::~TableRows() = default;
@@ -18,6 +19,8 @@ TableReader::Opened TableReader::open(const QString& connect, const QString& pat
         return AccessReader::openFile(path, password);
     if (connect.startsWith(QLatin1String("Excel")))
         return ExcelReader::openFile(path);
+    if (connect.startsWith(QLatin1String("Lotus")))
+        return LotusReader::openFile(path);
     Opened unknown;
     unknown.error = AppError(AppError::PathFileAccess);
     return unknown;
