@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include <array>
+
 #include "settings/ColorSettings.h"
 #include "settings/OptionSettings.h"
 
@@ -56,6 +58,19 @@ struct Globals : OptionSettings, ColorSettings {
     bool gQuikPictOpen = false;
 
     int gSeparatorPercent = 0; // integer part of 100 x tree width / Frame1 width
+
+    // The lists of the last database table read, for one table at a time
+    std::array<QString, 251> gTableNames{};
+    int gTableCount = 0;
+    std::array<QString, 251> gIndexNames{};
+    int gIndexCount = 0;
+    std::array<QString, 252> gFieldNames{};
+    std::array<qint32, 252> gFieldSizes{};
+    std::array<qint16, 252> gFieldTypes{};
+    int gFieldCount = 0; // the last field's index
+    QString gDbPassword;
+    bool gLoginOK = false;
+    bool gPasswordAsked = false;
 };
 
 // The process's shared state.
