@@ -14,6 +14,17 @@ QString passwordFor(const Globals& g, const QString& connect) {
 
 constexpr int kBoundsFailure = 9; // subscript out of range
 
+// dBASE and Paradox tables are files of their own, named by the file name.
+bool tableIsAFile(const QString& connect) {
+    return connect.startsWith(QLatin1String("dBASE")) ||
+           connect.startsWith(QLatin1String("Paradox"));
+}
+
+QString withoutExtension(const QString& name) {
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot >= 0 ? name.left(dot) : name;
+}
+
 } // namespace
 
 QString ListTables(Globals& g, const QString& path, const QString& connect, const AskPassword& ask,
@@ -56,28 +67,14 @@ AppError ReadTableInfo(Globals& g, const QString& connect, const QString& path,
     g.gFieldNames.fill(QString());
     g.gIndexCount = 0;
     g.gPasswordAsked = false;
-    QString name = table;
-    if (connect.startsWith(QLatin1String("dBASE")) ||
-        connect.startsWith(QLatin1String("Paradox"))) {
-        const qsizetype dot = name.lastIndexOf(u'.');
-        if (dot >= 0)
-            name = name.left(dot);
-    }
-    const QString file =
-        connect.startsWith(QLatin1String("dBASE")) || connect.startsWith(QLatin1String("Paradox"))
-            ? path + u'/' + table
-            : path;
+    const bool isFile = tableIsAFile(connect);
+    const QString name = isFile ? withoutExtension(table) : table;
+    const QString file = isFile ? path + u'/' + table : path;
     TableReader::Opened opened = TableReader::open(connect, file, passwordFor(g, connect));
     if (opened.error)
         return opened.error;
     for (const TableDef& def : opened.reader->tableDefs()) {
-        QString defName = def.name;
-        if (connect.startsWith(QLatin1String("dBASE")) ||
-            connect.startsWith(QLatin1String("Paradox"))) {
-            const qsizetype dot = defName.lastIndexOf(u'.');
-            if (dot >= 0)
-                defName = defName.left(dot);
-        }
+        const QString defName = isFile ? withoutExtension(def.name) : def.name;
         if (defName.compare(name, Qt::CaseInsensitive) != 0)
             continue;
         const int indexes = std::min<int>(int(def.indexes.size()), int(g.gIndexNames.size()));

@@ -2,7 +2,8 @@
 
 #include "platform/PathUtil.h"
 
-#include <QDir>
+#include "platform/tables/CompanionFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,18 +33,6 @@ qint16 daoType(char type, int length, int decimals) {
     default:
         return TableTypes::Text;
     }
-}
-
-// The file beside `path` with the same base name and the extension, whatever its letter case.
-QString companion(const QString& path, const QString& extension) {
-    const QFileInfo info(path);
-    const QString wanted = info.completeBaseName() + u'.' + extension;
-    const QStringList entries = QDir(info.absolutePath()).entryList(QDir::Files);
-    for (const QString& entry : entries) {
-        if (entry.compare(wanted, Qt::CaseInsensitive) == 0)
-            return info.absoluteDir().filePath(entry);
-    }
-    return {};
 }
 
 // Debian's xbase64 returns its 32-bit counts in the 64-bit registers that its headers declare,
@@ -107,7 +96,7 @@ TableReader::Opened DbaseReader::openFile(const QString& path) {
     // Links with the names xbase64 looks for: the table and its memo file in one letter case.
     const QString table = reader->m_links.filePath(QStringLiteral("table.dbf"));
     QFile::link(QFileInfo(path).absoluteFilePath(), table);
-    const QString memo = companion(path, QStringLiteral("DBT"));
+    const QString memo = companionFile(path, QStringLiteral("DBT"));
     if (!memo.isEmpty())
         QFile::link(memo, reader->m_links.filePath(QStringLiteral("table.dbt")));
 

@@ -1,7 +1,8 @@
 #include "platform/tables/ParadoxReader.h"
 
+#include "platform/tables/CompanionFile.h"
 #include <QDate>
-#include <QDir>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QTime>
@@ -24,17 +25,6 @@ void* reallocate(pxdoc_t*, void* memory, size_t size, const char*) {
 }
 void release(pxdoc_t*, void* memory) {
     std::free(memory);
-}
-
-QString companion(const QString& path, const QString& extension) {
-    const QFileInfo info(path);
-    const QString wanted = info.completeBaseName() + u'.' + extension;
-    const QStringList entries = QDir(info.absolutePath()).entryList(QDir::Files);
-    for (const QString& entry : entries) {
-        if (entry.compare(wanted, Qt::CaseInsensitive) == 0)
-            return info.absoluteDir().filePath(entry);
-    }
-    return {};
 }
 
 qint16 daoType(int type) {
@@ -223,7 +213,7 @@ TableReader::Opened ParadoxReader::openFile(const QString& path) {
         reader->m_types.append(fields[i].px_ftype);
         reader->m_lengths.append(fields[i].px_flen);
     }
-    if (!companion(path, QStringLiteral("PX")).isEmpty())
+    if (!companionFile(path, QStringLiteral("PX")).isEmpty())
         def.indexes.append(QStringLiteral("PrimaryKey"));
     opened.reader = std::move(reader);
     opened.error = AppError();
