@@ -138,23 +138,29 @@ namespace {
 // The picture read as a file of the extension says.
 ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     ImageReaders::Result result;
-    AppError readError;
+    // Readers that take the file's bytes; a file that cannot be read gives its own error.
+    auto fromBytes = [&path](auto&& reader) {
+        AppError readError;
+        const QByteArray bytes = readBytes(path, readError);
+        return readError ? ImageReaders::Result{{}, 0, readError} : reader(bytes);
+    };
     switch (ImageCodec::readerFor(extension)) {
     case ImageCodec::Reader::Qt:
         if (extension == u"JPG"_s) {
-            const QByteArray bytes = readBytes(path, readError);
-            result =
-                readError ? ImageReaders::Result{{}, 0, readError} : ImageReaders::readJpeg(bytes);
+            result = fromBytes(ImageReaders::readJpeg);
             break;
         }
         result = readWithQt(path, qtFormats().value(extension));
         // Qt's readers leave out some variants of their formats (TGA other than the plain
         // kinds, for one); ImageMagick reads those.
         if (result.error) {
-            const QByteArray bytes = readBytes(path, readError);
-            if (!readError)
-                result = ImageReaders::readWithMagick(
-                    bytes, qtFormats().value(extension).toUpper().constData());
+            const QByteArray coder = qtFormats().value(extension).toUpper();
+            ImageReaders::Result magick = fromBytes([&coder](const QByteArray& bytes) {
+                return ImageReaders::readWithMagick(bytes, coder.constData());
+            });
+            if (magick.error.number() != AppError::FileNotFound &&
+                magick.error.number() != AppError::PathFileAccess)
+                result = std::move(magick);
         }
         break;
     case ImageCodec::Reader::ImageMagick: {
@@ -163,9 +169,10 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
             result = ImageReaders::readWithMagickFile(path, "ILBM");
             break;
         }
-        const QByteArray bytes = readBytes(path, readError);
-        result = readError ? ImageReaders::Result{{}, 0, readError}
-                           : ImageReaders::readWithMagick(bytes, magickCoders().value(extension));
+        const char* coder = magickCoders().value(extension);
+        result = fromBytes([coder](const QByteArray& bytes) {
+            return ImageReaders::readWithMagick(bytes, coder);
+        });
         break;
     }
     case ImageCodec::Reader::Ghostscript:
@@ -177,11 +184,9 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     case ImageCodec::Reader::Netpbm:
         result = ImageReaders::readGemImg(path);
         break;
-    case ImageCodec::Reader::Msp: {
-        const QByteArray bytes = readBytes(path, readError);
-        result = readError ? ImageReaders::Result{{}, 0, readError} : ImageReaders::readMsp(bytes);
+    case ImageCodec::Reader::Msp:
+        result = fromBytes(ImageReaders::readMsp);
         break;
-    }
     case ImageCodec::Reader::None:
         result.error = AppError(ImageCodec::UnknownFormat);
         break;

@@ -2,6 +2,7 @@
 
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
@@ -12,7 +13,6 @@
 #include "shell/ShellList.h"
 
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -28,23 +28,16 @@ MoveFile1::MoveFile1(QWidget* parent) : QDialog(parent) {
     m_to->setObjectName(u"ToLabel"_s);
     for (QLabel* label : {m_from, m_to})
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    OKBtn = new QPushButton(tr("OK"), this);
-    OKBtn->setObjectName(u"OKBtn"_s);
-    OKBtn->setDefault(true);
-    CancelBtn = new QPushButton(tr("Cancel"), this);
-    CancelBtn->setObjectName(u"CancelBtn"_s);
+    const DialogButtons buttons = DialogButtons::okCancel(this);
+    OKBtn = buttons.ok;
+    CancelBtn = buttons.cancel;
     auto* form = new QFormLayout;
     form->addRow(tr("From:"), m_from);
     form->addRow(tr("To:"), m_to);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(OKBtn);
-    buttons->addWidget(CancelBtn);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.row);
     connect(OKBtn, &QPushButton::clicked, this, &MoveFile1::OKBtn_Click);
-    connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void MoveFile1::showEvent(QShowEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/WidgetPaint.h"
@@ -15,7 +16,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -36,24 +36,17 @@ Rename1::Rename1(QWidget* parent) : QDialog(parent) {
     Text1[1]->setAccessibleName(Text1[1]->toolTip());
     Label1 = new QLabel(this);
     Label1->setObjectName(u"Label1"_s);
-    OKBtn = new QPushButton(tr("OK"), this);
-    OKBtn->setObjectName(u"OKBtn"_s);
-    OKBtn->setDefault(true);
-    CancelBtn = new QPushButton(tr("Cancel"), this);
-    CancelBtn->setObjectName(u"CancelBtn"_s);
+    const DialogButtons buttons = DialogButtons::okCancel(this);
+    OKBtn = buttons.ok;
+    CancelBtn = buttons.cancel;
     auto* form = new QFormLayout;
     form->addRow(tr("File:"), Text1[0]);
     form->addRow(QString(), Label1);
     form->addRow(tr("New Name:"), Text1[1]);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(OKBtn);
-    buttons->addWidget(CancelBtn);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    layout->addLayout(buttons);
+    layout->addLayout(buttons.row);
     connect(OKBtn, &QPushButton::clicked, this, &Rename1::OKBtn_Click);
-    connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
 
     const QString file = globals().gOpenFile;
     Text1[0]->setText(file);

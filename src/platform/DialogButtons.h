@@ -1,0 +1,15 @@
+#pragma once
+
+class QDialog;
+class QHBoxLayout;
+class QPushButton;
+
+// The OK and Cancel buttons of a small dialog, named OKBtn and CancelBtn, right-aligned in a row;
+// OK is the default button and Cancel rejects the dialog.
+struct DialogButtons {
+    QPushButton* ok = nullptr;
+    QPushButton* cancel = nullptr;
+    QHBoxLayout* row = nullptr;
+
+    static DialogButtons okCancel(QDialog* dialog);
+};
