@@ -42,3 +42,21 @@ people = book.add_sheet("People")
 people.write(0, 0, "Name")
 people.write(1, 0, "Zoë")
 book.save(os.path.join(out, "BOOK.XLS"))
+
+
+def make_merged_workbook(folder):
+    """MERGED.XLS: one sheet with a merged block and empty cells between values."""
+    merged = xlwt.Workbook()
+    grid = merged.add_sheet("Grid")
+    for col, name in enumerate(("Key", "Left", "Right", "Note")):
+        grid.write(0, col, name)
+    grid.write_merge(1, 2, 1, 2, "Joined")  # rows 1-2, columns 1-2
+    grid.write(1, 0, 1)
+    grid.write(2, 0, 2)
+    grid.write(3, 0, 3)
+    grid.write(3, 3, "last")
+    grid.write(5, 1, 7.5)  # row 4 stays empty
+    merged.save(os.path.join(folder, "MERGED.XLS"))
+
+
+make_merged_workbook(out)

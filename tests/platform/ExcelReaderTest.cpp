@@ -1,3 +1,4 @@
+#include "platform/tables/BiffWorkbook.h"
 #include "platform/tables/TableReader.h"
 
 #include "support/TempFolder.h"
@@ -64,6 +65,169 @@ TEST(ExcelReader, DamagedWorkbooksFailOrReadWithoutACrash) {
             if (auto rows = opened.reader->rows(def.name, QString()))
                 for (qint64 i = 0; i < std::min<qint64>(rows->count(), 10); ++i)
                     rows->row(i);
+        }
+    }
+}
+
+namespace {
+
+QString sharedXls(const QString& name) {
+    return QStringLiteral(QUORVANE_SHARED_FIXTURES) + u"/xls/"_s + name;
+}
+
+QStringList fieldNames(const TableDef& def) {
+    QStringList names;
+    for (const TableField& field : def.fields)
+        names.append(field.name);
+    return names;
+}
+
+} // namespace
+
+// Values checked against python3-xlrd's reading of the same files.
+TEST(ExcelReader, ReadsTheWorkbooksFreeXLFindsNoSheetsIn) {
+    if (!QFileInfo::exists(sharedXls(u"Formate.xls"_s)))
+        GTEST_SKIP() << "the shared Excel samples are absent";
+    TableReader::Opened opened =
+        TableReader::open(u"Excel 8.0;"_s, sharedXls(u"Formate.xls"_s), {});
+    ASSERT_FALSE(opened.error);
+    const QList<TableDef> defs = opened.reader->tableDefs();
+    QStringList names;
+    for (const TableDef& def : defs)
+        names.append(def.name);
+    EXPECT_EQ(names, (QStringList{u"Blätt1$"_s, u"ÖÄÜ$"_s, u"Blätt3$"_s, u"Formate$"_s}));
+
+    // Dates and times by the cells' formats; the field names are the first row, the number
+    // of fields the sheet's extent.
+    EXPECT_EQ(fieldNames(defs[0]), (QStringList{u"Huber"_s, u"1907-07-03"_s, u"F3"_s}));
+    EXPECT_EQ(defs[0].fields[1].type, TableTypes::Date);
+    std::unique_ptr<TableRows> first = opened.reader->rows(u"Blätt1$"_s, QString());
+    ASSERT_TRUE(first);
+    ASSERT_EQ(first->count(), 9);
+    EXPECT_EQ(first->row(0), (QStringList{u"Äcker"_s, u"2005-02-23"_s, QString()}));
+    EXPECT_EQ(first->row(1), (QStringList{u"Öcker"_s, u"1988-05-03"_s, QString()}));
+    EXPECT_EQ(first->row(2), (QStringList{u"Morgen"_s, u"06:34:00"_s, QString()}));
+    EXPECT_EQ(first->row(4), (QStringList{u"Abends"_s, u"17:47:13"_s, QString()}));
+    EXPECT_EQ(first->row(5), (QStringList{u"gut"_s, u"0.974"_s, QString()}));
+    EXPECT_EQ(first->row(7), (QStringList{u"viel"_s, u"1000.3"_s, QString()}));
+    EXPECT_TRUE(first->row(9).isEmpty());
+
+    // C3:E5 merged: the value in its top-left cell, the others empty.
+    std::unique_ptr<TableRows> merged = opened.reader->rows(u"ÖÄÜ"_s, QString());
+    ASSERT_TRUE(merged);
+    EXPECT_EQ(fieldNames(defs[1]), (QStringList{u"-100"_s, u"F2"_s, u"F3"_s, u"F4"_s, u"F5"_s}));
+    ASSERT_EQ(merged->count(), 4);
+    EXPECT_EQ(merged->row(1), (QStringList{{}, {}, u"MERGED CELLS"_s, {}, {}}));
+    EXPECT_EQ(merged->row(2), QStringList(5, QString()));
+
+    std::unique_ptr<TableRows> third = opened.reader->rows(u"Blätt3$"_s, QString());
+    ASSERT_TRUE(third);
+    ASSERT_EQ(third->count(), 11);
+    EXPECT_EQ(defs[2].fields.value(0).name, u"100"_s);
+    EXPECT_EQ(defs[2].fields.value(0).type, TableTypes::Double);
+    EXPECT_EQ(third->row(10), QStringList{u"1200"_s});
+    std::unique_ptr<TableRows> colours = opened.reader->rows(u"Formate$"_s, QString());
+    ASSERT_TRUE(colours);
+    EXPECT_EQ(colours->row(1), (QStringList{u"BLUE"_s, u"BLUE"_s}));
+}
+
+TEST(ExcelReader, DecodesAnExcel95WorkbookByItsMacCodePage) {
+    const QString path = sharedXls(u"maccentraleurope.biff5.xls"_s);
+    if (!QFileInfo::exists(path))
+        GTEST_SKIP() << "the shared Excel samples are absent";
+    TableReader::Opened opened = TableReader::open(u"Excel 5.0;"_s, path, {});
+    ASSERT_FALSE(opened.error);
+    const QList<TableDef> defs = opened.reader->tableDefs();
+    ASSERT_EQ(defs.size(), 1);
+    EXPECT_EQ(defs[0].name, u"Ärkusz1$"_s);
+    const QStringList names = fieldNames(defs[0]);
+    ASSERT_EQ(names.size(), 16);
+    EXPECT_EQ(names[0], u"NumerPolisy"_s);
+    EXPECT_EQ(names[8], u"Ładowność"_s);
+    EXPECT_EQ(names[15], u"WycenaPojazdu"_s);
+    std::unique_ptr<TableRows> rows = opened.reader->rows(defs[0].name, QString());
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(rows->count(), 9); // the blank formatted rows below count, as the sheet's extent
+    EXPECT_EQ(rows->row(0).mid(0, 5), (QStringList{u"JG1Y1250043"_s, u"0000001"_s, u"NO7963M"_s,
+                                                   u"WK0S0002400189599"_s, QString()}));
+    const QStringList second = rows->row(1);
+    ASSERT_EQ(second.size(), 16);
+    EXPECT_EQ(second[0], u"220695536930"_s);
+    EXPECT_EQ(second[6], u"Octavia"_s);
+    EXPECT_EQ(second[9], u"1598"_s);
+    EXPECT_EQ(second[11], QString());
+    EXPECT_EQ(second[14], u"2014-12-17"_s);
+    EXPECT_EQ(second[15], u"12000"_s);
+    EXPECT_EQ(rows->row(2), QStringList(16, QString()));
+}
+
+// The generated sheet with a merged block and empty cells, read through the reader and through
+// our BIFF reader, which must agree cell for cell.
+TEST(ExcelReader, MergedAndEmptyCellsOfAGeneratedSheet) {
+    const QString path = QDir(QStringLiteral(QUORVANE_GENERATED_TABLES)).filePath(u"MERGED.XLS"_s);
+    ASSERT_TRUE(QFileInfo::exists(path)) << "the test tables were not made";
+    const QList<QStringList> expected{
+        {u"1"_s, u"Joined"_s, {}, {}}, {u"2"_s, {}, {}, {}},
+        {u"3"_s, {}, {}, u"last"_s},   {{}, {}, {}, {}},
+        {{}, u"7.5"_s, {}, {}},
+    };
+    TableReader::Opened opened = TableReader::open(u"Excel 8.0;"_s, path, {});
+    ASSERT_FALSE(opened.error);
+    const TableDef def = opened.reader->tableDefs().value(0);
+    EXPECT_EQ(def.name, u"Grid$"_s);
+    EXPECT_EQ(fieldNames(def), (QStringList{u"Key"_s, u"Left"_s, u"Right"_s, u"Note"_s}));
+    std::unique_ptr<TableRows> rows = opened.reader->rows(def.name, QString());
+    ASSERT_TRUE(rows);
+    ASSERT_EQ(rows->count(), expected.size());
+    for (qsizetype r = 0; r < expected.size(); ++r)
+        EXPECT_EQ(rows->row(r), expected[r]) << "row " << r;
+
+    QList<BiffWorkbook::Sheet> sheets;
+    ASSERT_TRUE(BiffWorkbook::readFile(path, &sheets));
+    ASSERT_EQ(sheets.size(), 1);
+    EXPECT_EQ(sheets[0].rows, 6);
+    EXPECT_EQ(sheets[0].columns, 4);
+    for (qsizetype r = 0; r < expected.size(); ++r) {
+        for (int c = 0; c < 4; ++c)
+            EXPECT_EQ(sheets[0].cell(int(r) + 1, c).text, expected[r][c]) << r << "," << c;
+    }
+    EXPECT_EQ(sheets[0].cell(1, 1).kind, BiffWorkbook::Kind::Text);
+    EXPECT_EQ(sheets[0].cell(2, 2).kind, BiffWorkbook::Kind::Empty);
+}
+
+// Our BIFF reader gives what FreeXL gives for the workbooks FreeXL reads, but for dates: FreeXL
+// shows every date with a time of day, ours as much as the cell's format shows.
+TEST(ExcelReader, OurBiffReaderAgreesWithFreeXL) {
+    QStringList paths{QDir(QStringLiteral(QUORVANE_GENERATED_TABLES)).filePath(u"BOOK.XLS"_s)};
+    if (QFileInfo::exists(sharedXls(u"oocalc_simple95.xls"_s)))
+        paths.append(sharedXls(u"oocalc_simple95.xls"_s));
+    for (const QString& path : paths) {
+        TableReader::Opened opened = TableReader::open(u"Excel 8.0;"_s, path, {});
+        ASSERT_FALSE(opened.error) << path.toStdString();
+        QList<BiffWorkbook::Sheet> sheets;
+        ASSERT_TRUE(BiffWorkbook::readFile(path, &sheets));
+        const QList<TableDef> defs = opened.reader->tableDefs();
+        ASSERT_EQ(defs.size(), sheets.size()) << path.toStdString();
+        for (qsizetype s = 0; s < sheets.size(); ++s) {
+            EXPECT_EQ(defs[s].name, sheets[s].name + u'$');
+            QStringList names;
+            for (int c = 0; c < sheets[s].columns; ++c)
+                names.append(sheets[s].cell(0, c).text);
+            std::unique_ptr<TableRows> rows = opened.reader->rows(defs[s].name, QString());
+            ASSERT_TRUE(rows);
+            ASSERT_EQ(rows->count(), std::max(sheets[s].rows - 1, 0)) << path.toStdString();
+            for (qint64 r = 0; r < rows->count(); ++r) {
+                const QStringList freexl = rows->row(r);
+                ASSERT_EQ(freexl.size(), sheets[s].columns);
+                for (int c = 0; c < sheets[s].columns; ++c) {
+                    const BiffWorkbook::Cell ours = sheets[s].cell(int(r) + 1, c);
+                    if (ours.kind == BiffWorkbook::Kind::Date)
+                        EXPECT_TRUE(freexl[c].contains(ours.text)) << freexl[c].toStdString();
+                    else
+                        EXPECT_EQ(freexl[c], ours.text)
+                            << path.toStdString() << " " << r << "," << c;
+                }
+            }
         }
     }
 }

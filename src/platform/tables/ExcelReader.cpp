@@ -58,6 +58,59 @@ private:
     int m_columns;
 };
 
+class BiffRows final : public TableRows {
+public:
+    BiffRows(std::shared_ptr<const QList<BiffWorkbook::Sheet>> sheets, qsizetype sheet)
+        : m_sheets(std::move(sheets)), m_sheet(m_sheets->at(sheet)) {}
+
+    qint64 count() const override { return std::max(m_sheet.rows - 1, 0); }
+
+    QStringList row(qint64 index) override {
+        if (index < 0 || index >= count())
+            return {};
+        QStringList cells;
+        cells.reserve(m_sheet.columns);
+        for (int c = 0; c < m_sheet.columns; ++c)
+            cells.append(m_sheet.cell(static_cast<int>(index) + 1, c).text);
+        return cells;
+    }
+
+private:
+    std::shared_ptr<const QList<BiffWorkbook::Sheet>> m_sheets;
+    const BiffWorkbook::Sheet& m_sheet;
+};
+
+QList<TableDef> biffDefs(const QList<BiffWorkbook::Sheet>& sheets) {
+    QList<TableDef> defs;
+    for (const BiffWorkbook::Sheet& sheet : sheets) {
+        TableDef def;
+        def.name = sheet.name + QLatin1Char('$');
+        for (int c = 0; c < sheet.columns; ++c) {
+            TableField field;
+            field.name = sheet.cell(0, c).text;
+            if (field.name.isEmpty())
+                field.name = QStringLiteral("F%1").arg(c + 1);
+            switch (sheet.cell(1, c).kind) {
+            case BiffWorkbook::Kind::Number:
+                field.type = TableTypes::Double;
+                field.size = 8;
+                break;
+            case BiffWorkbook::Kind::Date:
+                field.type = TableTypes::Date;
+                field.size = 8;
+                break;
+            default:
+                field.type = TableTypes::Text;
+                field.size = 255;
+                break;
+            }
+            def.fields.append(field);
+        }
+        defs.append(def);
+    }
+    return defs;
+}
+
 } // namespace
 
 ExcelReader::~ExcelReader() {
@@ -72,15 +125,26 @@ TableReader::Opened ExcelReader::openFile(const QString& path) {
         return opened;
     }
     std::unique_ptr<ExcelReader> reader(new ExcelReader);
-    if (freexl_open(QFile::encodeName(path).constData(), &reader->m_handle) != FREEXL_OK) {
+    unsigned int sheets = 0;
+    if (freexl_open(QFile::encodeName(path).constData(), &reader->m_handle) == FREEXL_OK)
+        freexl_get_info(reader->m_handle, FREEXL_BIFF_SHEET_COUNT, &sheets);
+    if (sheets == 0) {
+        // FreeXL did not find the sheets (some BIFF5 workbooks, some with their strings in
+        // UTF-16): our own reader reads the records.
         if (reader->m_handle)
             freexl_close(reader->m_handle);
         reader->m_handle = nullptr;
-        opened.error = AppError(AppError::PathFileAccess);
+        auto book = std::make_shared<QList<BiffWorkbook::Sheet>>();
+        if (!BiffWorkbook::readFile(path, book.get())) {
+            opened.error = AppError(AppError::PathFileAccess);
+            return opened;
+        }
+        reader->m_defs = biffDefs(*book);
+        reader->m_sheets = std::move(book);
+        opened.reader = std::move(reader);
+        opened.error = AppError();
         return opened;
     }
-    unsigned int sheets = 0;
-    freexl_get_info(reader->m_handle, FREEXL_BIFF_SHEET_COUNT, &sheets);
     for (unsigned short s = 0; s < sheets; ++s) {
         const char* name = nullptr;
         if (freexl_get_worksheet_name(reader->m_handle, s, &name) != FREEXL_OK ||
@@ -116,6 +180,15 @@ QList<TableDef> ExcelReader::tableDefs() {
 }
 
 std::unique_ptr<TableRows> ExcelReader::rows(const QString& table, const QString&) {
+    if (m_sheets) {
+        for (qsizetype s = 0; s < m_sheets->size(); ++s) {
+            const QString sheet = m_sheets->at(s).name;
+            if (sheet.compare(table, Qt::CaseInsensitive) == 0 ||
+                QString(sheet + QLatin1Char('$')).compare(table, Qt::CaseInsensitive) == 0)
+                return std::make_unique<BiffRows>(m_sheets, s);
+        }
+        return nullptr;
+    }
     unsigned int sheets = 0;
     freexl_get_info(m_handle, FREEXL_BIFF_SHEET_COUNT, &sheets);
     for (unsigned short s = 0; s < sheets; ++s) {
