@@ -87,3 +87,115 @@ TEST(AccessReader, MissingShortOrForeignFilesFailQuietly) {
     dir.write(u"text.mdb"_s, QByteArray(8192, 'x'));
     EXPECT_TRUE(TableReader::open(u"Access"_s, dir.file(u"text.mdb"_s), {}).error);
 }
+
+namespace {
+
+QList<QStringList> allRows(TableRows& rows) {
+    QList<QStringList> all;
+    for (qint64 i = 0; i < rows.count(); ++i)
+        all.append(rows.row(i));
+    return all;
+}
+
+} // namespace
+
+// In an index's order the rows are those of the stored order, sorted by the index's columns:
+// checked against mdb-export's rows sorted by those columns.
+TEST(AccessReader, RowsInTheOrderOfAnIndex) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Access samples are absent";
+    TableReader::Opened opened = TableReader::open(u"Access"_s, mdb(u"testV1997.mdb"_s), {});
+    ASSERT_FALSE(opened.error);
+    const TableDef objects = [&] {
+        for (const TableDef& def : opened.reader->tableDefs())
+            if (def.name == u"MSysObjects"_s)
+                return def;
+        return TableDef();
+    }();
+    EXPECT_EQ(objects.indexes, (QStringList{u"Id"_s, u"ParentIdName"_s}));
+
+    std::unique_ptr<TableRows> stored = opened.reader->rows(u"MSysObjects"_s, QString());
+    std::unique_ptr<TableRows> byId = opened.reader->rows(u"MSysObjects"_s, u"Id"_s);
+    std::unique_ptr<TableRows> byParent = opened.reader->rows(u"MSysObjects"_s, u"parentidname"_s);
+    ASSERT_TRUE(stored && byId && byParent);
+    ASSERT_EQ(stored->count(), 22);
+    ASSERT_EQ(byId->count(), 22);
+    ASSERT_EQ(byParent->count(), 22);
+    QStringList ids;
+    // Read backwards and forwards: each row is read at its place.
+    for (qint64 i = byId->count() - 1; i >= 0; --i)
+        ids.prepend(byId->row(i).value(0));
+    EXPECT_EQ(ids,
+              (QStringList{u"-2147483648"_s, u"-2147483647"_s, u"-2147483646"_s, u"-2147483645"_s,
+                           u"-2147483644"_s, u"-2147483643"_s, u"-2147483642"_s, u"-2147483641"_s,
+                           u"2"_s,           u"3"_s,           u"4"_s,           u"5"_s,
+                           u"22"_s,          u"25"_s,          u"29"_s,          u"34"_s,
+                           u"50"_s,          u"54"_s,          u"251658241"_s,   u"251658242"_s,
+                           u"251658243"_s,   u"268435456"_s}));
+    QStringList names;
+    for (qint64 i = 0; i < 9; ++i)
+        names.append(byParent->row(i).value(2));
+    EXPECT_EQ(names, (QStringList{u"DataAccessPages"_s, u"Databases"_s, u"Forms"_s, u"Modules"_s,
+                                  u"Relationships"_s, u"Reports"_s, u"Scripts"_s, u"SysRel"_s,
+                                  u"Tables"_s}));
+    EXPECT_EQ(byParent->row(21).value(2), u"UserDefined"_s);
+
+    // The same rows, another order; reading one order leaves the other where it was.
+    QList<QStringList> sorted = allRows(*stored);
+    std::sort(sorted.begin(), sorted.end(), [](const QStringList& a, const QStringList& b) {
+        return a.value(0).toLongLong() < b.value(0).toLongLong();
+    });
+    EXPECT_EQ(stored->row(3).value(2), u"MSysDb"_s);
+    EXPECT_EQ(allRows(*byId), sorted);
+    EXPECT_EQ(stored->row(4).value(2), u"MSysObjects"_s);
+
+    EXPECT_FALSE(opened.reader->rows(u"MSysObjects"_s, u"NoSuchIndex"_s));
+    std::unique_ptr<TableRows> table1 = opened.reader->rows(u"Table1"_s, u"B"_s);
+    ASSERT_TRUE(table1);
+    EXPECT_EQ(table1->row(1).value(1), u"hijklmnop"_s);
+    std::unique_ptr<TableRows> empty = opened.reader->rows(u"Table2"_s, u"PrimaryKey"_s);
+    ASSERT_TRUE(empty);
+    EXPECT_EQ(empty->count(), 0);
+}
+
+TEST(AccessReader, IndexOrderInJet4Databases) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Access samples are absent";
+    TableReader::Opened jet4 = TableReader::open(u"Access"_s, mdb(u"adox_jet4.mdb"_s), {});
+    ASSERT_FALSE(jet4.error);
+    // MSysACEs by ObjectId: the key repeats, so only the order of the keys is fixed.
+    std::unique_ptr<TableRows> stored = jet4.reader->rows(u"MSysACEs"_s, QString());
+    std::unique_ptr<TableRows> byObject = jet4.reader->rows(u"MSysACEs"_s, u"ObjectId"_s);
+    ASSERT_TRUE(stored && byObject);
+    ASSERT_EQ(byObject->count(), stored->count());
+    QList<QStringList> expected = allRows(*stored);
+    QList<QStringList> ordered = allRows(*byObject);
+    QList<qint64> keys;
+    for (const QStringList& row : ordered)
+        keys.append(row.value(0).toLongLong());
+    EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+    std::sort(expected.begin(), expected.end());
+    std::sort(ordered.begin(), ordered.end());
+    EXPECT_EQ(ordered, expected);
+
+    std::unique_ptr<TableRows> objects = jet4.reader->rows(u"MSysObjects"_s, u"ParentIdName"_s);
+    ASSERT_TRUE(objects);
+    ASSERT_EQ(objects->count(), 8);
+    for (qint64 i = 1; i < objects->count(); ++i) {
+        const QStringList a = objects->row(i - 1);
+        const QStringList b = objects->row(i);
+        const qint64 pa = a.value(1).toLongLong();
+        const qint64 pb = b.value(1).toLongLong();
+        EXPECT_TRUE(pa < pb ||
+                    (pa == pb && a.value(2).compare(b.value(2), Qt::CaseInsensitive) < 0))
+            << a.value(2).toStdString() << " before " << b.value(2).toStdString();
+    }
+
+    TableReader::Opened locked =
+        TableReader::open(u"Access"_s, mdb(u"V2003_with-password.mdb"_s), u"password"_s);
+    ASSERT_FALSE(locked.error);
+    std::unique_ptr<TableRows> byKey = locked.reader->rows(u"Table1"_s, u"PrimaryKey"_s);
+    ASSERT_TRUE(byKey);
+    EXPECT_EQ(allRows(*byKey),
+              (QList<QStringList>{{u"1"_s, u"One"_s}, {u"2"_s, u"Two"_s}, {u"3"_s, u"Three"_s}}));
+}

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstring>
 #include <mdbtools.h>
+#include <optional>
+#include <vector>
 
 namespace {
 
@@ -36,25 +38,45 @@ MdbHandle* handleOf(void* handle) {
     return static_cast<MdbHandle*>(handle);
 }
 
+// A row's place in the file: its data page and its number on that page.
+struct RowPlace {
+    quint32 page;
+    quint16 row;
+};
+
+// The rows of one table, read through a handle of its own, so that rows read for one table
+// never disturb the page another is reading. In stored order the rows are fetched one after
+// another; in an index's order each row is read at its place, from the places the index gave.
 class AccessRows final : public TableRows {
 public:
-    AccessRows(MdbTableDef* table, int columns) : m_table(table), m_columns(columns) {
-        mdb_read_columns(table);
-        m_buffers.resize(columns);
-        m_lengths.resize(columns);
-        for (int i = 0; i < columns; ++i) {
+    AccessRows(MdbHandle* mdb, MdbTableDef* table, std::optional<std::vector<RowPlace>> order)
+        : m_mdb(mdb), m_table(table), m_columns(static_cast<int>(table->num_cols)),
+          m_order(std::move(order)) {
+        m_buffers.resize(m_columns);
+        m_lengths.resize(m_columns);
+        for (int i = 0; i < m_columns; ++i) {
             m_buffers[i] = QByteArray(MDB_BIND_SIZE, '\0');
             mdb_bind_column(table, i + 1, m_buffers[i].data(), &m_lengths[i]);
         }
         mdb_rewind_table(table);
     }
-    ~AccessRows() override { mdb_free_tabledef(m_table); }
+    ~AccessRows() override {
+        mdb_free_tabledef(m_table);
+        mdb_close(m_mdb);
+    }
 
-    qint64 count() const override { return m_table->num_rows; }
+    qint64 count() const override {
+        return m_order ? static_cast<qint64>(m_order->size()) : m_table->num_rows;
+    }
 
     QStringList row(qint64 index) override {
         if (index < 0 || index >= count())
             return {};
+        if (m_order) {
+            if (!readAt((*m_order)[static_cast<size_t>(index)]))
+                return {};
+            return cells();
+        }
         // Rows are read in order; going back starts again from the first.
         if (index < m_next) {
             mdb_rewind_table(m_table);
@@ -65,6 +87,11 @@ public:
                 return {};
             ++m_next;
         }
+        return cells();
+    }
+
+private:
+    QStringList cells() const {
         QStringList cells;
         for (int i = 0; i < m_columns; ++i)
             cells.append(QString::fromUtf8(m_buffers[i].constData(),
@@ -72,13 +99,69 @@ public:
         return cells;
     }
 
-private:
+    // Reads the row at a place an index gave, if that place is a row of this table.
+    bool readAt(RowPlace place) {
+        if (mdb_read_pg(m_mdb, place.page) <= 0)
+            return false;
+        const unsigned char* page = m_mdb->pg_buf;
+        // A data page of this table: its kind and the page of the table's definition.
+        if (page[0] != 0x01 || qFromLittleEndian<quint32>(page + 4) != m_table->entry->table_pg)
+            return false;
+        const quint16 rows = qFromLittleEndian<quint16>(page + m_mdb->fmt->row_count_offset);
+        if (place.row >= rows)
+            return false;
+        return mdb_read_row(m_table, place.row) != 0;
+    }
+
+    MdbHandle* m_mdb;
     MdbTableDef* m_table;
     int m_columns;
+    std::optional<std::vector<RowPlace>> m_order;
     QList<QByteArray> m_buffers;
     QList<int> m_lengths;
     qint64 m_next = 0;
 };
+
+// The places of a table's rows in the order of one of its indexes, walked through libmdb's
+// index pages. At most one place per row the file has room for: a damaged index that goes round
+// in circles ends there.
+std::optional<std::vector<RowPlace>> indexOrder(MdbHandle* mdb, MdbTableDef* table,
+                                                const QString& name, qint64 fileSize) {
+    mdb_read_indices(table);
+    MdbIndex* index = nullptr;
+    for (guint x = 0; table->indices && x < table->indices->len; ++x) {
+        auto* candidate = static_cast<MdbIndex*>(g_ptr_array_index(table->indices, x));
+        if (QString::fromUtf8(candidate->name).compare(name, Qt::CaseInsensitive) == 0) {
+            index = candidate;
+            break;
+        }
+    }
+    if (!index || index->num_keys == 0 || index->num_keys > MDB_MAX_IDX_COLS)
+        return std::nullopt;
+    // libmdb looks the key columns up by number without checking them.
+    for (unsigned k = 0; k < index->num_keys; ++k) {
+        if (index->key_col_num[k] < 1 ||
+            static_cast<guint>(index->key_col_num[k]) > table->num_cols)
+            return std::nullopt;
+    }
+    const qint64 pageSize = mdb->fmt->pg_size;
+    if (index->first_pg == 0 || qint64(index->first_pg) * pageSize >= fileSize)
+        return std::nullopt;
+    const qint64 most = std::min<qint64>(table->num_rows, (fileSize / pageSize) * (pageSize / 2));
+    MdbHandle* walker = mdb_clone_handle(mdb);
+    auto* chain = static_cast<MdbIndexChain*>(g_malloc0(sizeof(MdbIndexChain)));
+    std::vector<RowPlace> order;
+    if (mdb_read_pg(walker, index->first_pg) > 0) {
+        guint32 page = 0;
+        guint16 row = 0;
+        while (qint64(order.size()) < most &&
+               mdb_index_find_next(walker, index, chain, &page, &row))
+            order.push_back({page, row});
+    }
+    g_free(chain);
+    mdb_close(walker);
+    return order;
+}
 
 } // namespace
 
@@ -125,8 +208,10 @@ TableReader::Opened AccessReader::openFile(const QString& path, const QString& p
             AppError(QFileInfo::exists(path) ? AppError::PathFileAccess : AppError::FileNotFound);
         return opened;
     }
-    const QString stored = storedPassword(file.read(2048));
+    const qint64 fileSize = file.size();
+    const QByteArray header = file.read(2048);
     file.close();
+    const QString stored = storedPassword(header);
     if (stored != password) {
         opened.error = AppError(InvalidPassword, QStringLiteral("Not a valid password."));
         return opened;
@@ -138,6 +223,7 @@ TableReader::Opened AccessReader::openFile(const QString& path, const QString& p
         return opened;
     }
     reader->m_handle = mdb;
+    reader->m_fileSize = fileSize;
     mdb_set_date_fmt(mdb, "%Y-%m-%d %H:%M:%S");
     if (!mdb_read_catalog(mdb, MDB_TABLE)) {
         opened.error = AppError(AppError::PathFileAccess);
@@ -177,18 +263,34 @@ QList<TableDef> AccessReader::tableDefs() {
     return m_defs;
 }
 
-std::unique_ptr<TableRows> AccessReader::rows(const QString& table, const QString&) {
+std::unique_ptr<TableRows> AccessReader::rows(const QString& table, const QString& index) {
     MdbHandle* mdb = handleOf(m_handle);
     for (guint i = 0; i < mdb->num_catalog; ++i) {
         auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
         if (entry->object_type != MDB_TABLE ||
             QString::fromUtf8(entry->object_name).compare(table, Qt::CaseInsensitive) != 0)
             continue;
-        MdbTableDef* def = mdb_read_table(entry);
-        if (!def)
+        // The rows get a handle of their own, with its own catalog in the same order.
+        MdbHandle* own = mdb_clone_handle(mdb);
+        auto* ownEntry = i < own->catalog->len
+                             ? static_cast<MdbCatalogEntry*>(g_ptr_array_index(own->catalog, i))
+                             : nullptr;
+        MdbTableDef* def = ownEntry ? mdb_read_table(ownEntry) : nullptr;
+        if (!def) {
+            mdb_close(own);
             return nullptr;
+        }
         mdb_read_columns(def);
-        return std::make_unique<AccessRows>(def, static_cast<int>(def->num_cols));
+        std::optional<std::vector<RowPlace>> order;
+        if (!index.isEmpty()) {
+            order = indexOrder(own, def, index, m_fileSize);
+            if (!order) {
+                mdb_free_tabledef(def);
+                mdb_close(own);
+                return nullptr;
+            }
+        }
+        return std::make_unique<AccessRows>(own, def, std::move(order));
     }
     return nullptr;
 }

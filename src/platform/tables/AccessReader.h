@@ -6,6 +6,7 @@
 
 // Access databases (Jet 3 and Jet 4 .MDB) through mdbtools' libmdb. A database password is
 // checked against the one kept in the file's header: a wrong or missing one is error 3031.
+// Rows come as stored, or in the order of one of the table's indexes, walked through libmdb.
 class AccessReader final : public TableReader {
 public:
     static constexpr int InvalidPassword = 3031;
@@ -22,5 +23,6 @@ private:
     AccessReader() = default;
 
     void* m_handle = nullptr; // MdbHandle
+    qint64 m_fileSize = 0;
     QList<TableDef> m_defs;
 };
