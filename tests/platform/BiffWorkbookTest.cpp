@@ -150,7 +150,7 @@ TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
     EXPECT_EQ(sheet.cell(0, 1).text, u"12.34"_s);
     EXPECT_EQ(sheet.cell(0, 2).text, u"7"_s);
     EXPECT_EQ(sheet.cell(0, 3).text, u"-0.5"_s);
-    EXPECT_EQ(sheet.cell(0, 4).text, u"2005-02-23"_s);
+    EXPECT_EQ(sheet.cell(0, 4).text, u"2005-02-23 00:00:00"_s);
     EXPECT_EQ(sheet.cell(0, 4).kind, BiffWorkbook::Kind::Date);
     EXPECT_EQ(sheet.cell(1, 0).text, u"1"_s);
     EXPECT_EQ(sheet.cell(1, 0).kind, BiffWorkbook::Kind::Boolean);
@@ -197,12 +197,13 @@ TEST(BiffWorkbook, DatesAndFormats) {
     BiffWorkbook::classifyFormat(u"0.00E+00"_s, &date, &time);
     EXPECT_TRUE(!date && !time);
 
-    EXPECT_EQ(BiffWorkbook::dateText(38406, false, true, false), u"2005-02-23"_s);
-    EXPECT_EQ(BiffWorkbook::dateText(40776.43315972222, false, true, true),
-              u"2011-08-21 10:23:45"_s);
-    EXPECT_EQ(BiffWorkbook::dateText(0.99999999, false, false, true), u"00:00:00"_s);
-    EXPECT_EQ(BiffWorkbook::dateText(1, false, true, false), u"1900-01-01"_s);
-    EXPECT_EQ(BiffWorkbook::dateText(0, true, true, false), u"1904-01-01"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(38406, false, false), u"2005-02-23 00:00:00"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(40776.43315972222, false, false), u"2011-08-21 10:23:45"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(0.4583333333333333, false, true), u"11:00:00"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(0.99999999, false, true), u"00:00:00"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(1, false, false), u"1900-01-01 00:00:00"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(61, false, false), u"1900-03-01 00:00:00"_s);
+    EXPECT_EQ(BiffWorkbook::dateText(0, true, false), u"1904-01-01 00:00:00"_s);
 }
 
 TEST(BiffWorkbook, DamagedStreamsGiveWhatIsReadable) {

@@ -431,7 +431,7 @@ private:
         bool time = false;
         dateKind(xf, &date, &time);
         if ((date || time) && std::isfinite(value) && value >= 0 && value < 2958466)
-            return {BiffWorkbook::dateText(value, m_mac1904, date, time), BiffWorkbook::Kind::Date};
+            return {BiffWorkbook::dateText(value, m_mac1904, !date), BiffWorkbook::Kind::Date};
         return {QString::number(value, 'g', 15), BiffWorkbook::Kind::Number};
     }
 
@@ -630,7 +630,7 @@ void BiffWorkbook::classifyFormat(const QString& format, bool* date, bool* time)
         *date = true;
 }
 
-QString BiffWorkbook::dateText(double serial, bool mac1904, bool date, bool time) {
+QString BiffWorkbook::dateText(double serial, bool mac1904, bool timeOnly) {
     qint64 days = static_cast<qint64>(std::floor(serial));
     qint64 seconds = std::llround((serial - static_cast<double>(days)) * 86400.0);
     if (seconds >= 86400) {
@@ -648,10 +648,9 @@ QString BiffWorkbook::dateText(double serial, bool mac1904, bool date, bool time
                               .arg(seconds / 3600, 2, 10, QLatin1Char('0'))
                               .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
                               .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-    const QString calendar = day.toString(QStringLiteral("yyyy-MM-dd"));
-    if (date && time)
-        return calendar + QLatin1Char(' ') + clock;
-    return date ? calendar : clock;
+    if (timeOnly)
+        return clock;
+    return day.toString(QStringLiteral("yyyy-MM-dd")) + QLatin1Char(' ') + clock;
 }
 
 bool BiffWorkbook::readStream(const QByteArray& stream, QList<Sheet>* sheets) {

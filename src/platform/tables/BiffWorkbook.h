@@ -38,9 +38,10 @@ public:
     // Reads the worksheets of a workbook stream's bytes.
     static bool readStream(const QByteArray& stream, QList<Sheet>* sheets);
 
-    // The text of a serial date of the workbook (1900 or, with mac1904, 1904 based), with the
-    // date and the time of day as the cell's format shows them.
-    static QString dateText(double serial, bool mac1904, bool date, bool time);
+    // The text of a serial date of the workbook (1900 or, with mac1904, 1904 based):
+    // "yyyy-MM-dd HH:mm:ss" as the other readers write dates, or "HH:mm:ss" for a format that
+    // shows only the time of day.
+    static QString dateText(double serial, bool mac1904, bool timeOnly);
     // Whether a number format shows a date, a time of day, or both.
     static void classifyFormat(const QString& format, bool* date, bool* time);
 };
