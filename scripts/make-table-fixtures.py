@@ -1,11 +1,12 @@
 #!/usr/bin/python3
-"""Makes the test tables with tools we did not write: python3-dbf for dBASE, python3-xlwt for
-Excel.
+"""Makes the test tables with tools we did not write: python3-dbf for dBASE, xbase64's dbfutil1
+for dBASE indexes, python3-xlwt for Excel.
 
 Usage: make-table-fixtures.py OUTPUT-FOLDER
 """
 import datetime
 import os
+import subprocess
 import sys
 
 import dbf
@@ -28,6 +29,31 @@ table.append(("Widget", 12, 2.5, datetime.date(2024, 3, 1), True, "First order o
 table.append(("Gadget", 3, 19.99, datetime.date(2024, 3, 2), False, ""))
 table.append(("Sprocket", 250, 0.15, datetime.date(2024, 3, 5), True, "Bulk\r\nsecond line"))
 table.close()
+
+# dBASE III with two NDX indexes that xbase64's dbfutil1 (libxbase64-bin) writes: ITEMS.DBF,
+# itemname.ndx on a text field and itemstock.ndx on a number field, both with repeated keys.
+# Twenty rows keep each index on one page: on 64-bit systems dbfutil1 splits pages wrongly.
+ITEM_NAMES = ("Anchor", "bolt", "Cable", "Damper", "Elbow", "Flange", "Gasket", "Hinge",
+              "Insert", "Joint", "Knob", "Lever", "Mount", "Nozzle", "O-ring", "Pulley",
+              "Quill", "Rivet", "Spring", "Tube", "Union", "Valve", "Washer")
+for leftover in ("ITEMS.DBF", "itemname.ndx", "itemstock.ndx"):
+    try:
+        os.remove(os.path.join(out, leftover))
+    except FileNotFoundError:
+        pass
+table = dbf.Table(os.path.join(out, "ITEMS.DBF"), "CODE C(6); ITEM C(12); STOCK N(5,0)",
+                  dbf_type="db3")
+table.open(dbf.READ_WRITE)
+for i in range(20):
+    table.append(("C%04d" % i, ITEM_NAMES[(i * 7) % 9], (i * 7) % 11 - 5))
+table.close()
+for ndx, key in (("itemname.ndx", "ITEM"), ("itemstock.ndx", "STOCK")):
+    # The menus: open the table, then create a non-unique index on the key, then leave.
+    answers = "1\n1\nITEMS.DBF\n99\n4\n2\n%s\nN\n%s\n99\n99\n" % (ndx, key)
+    made = subprocess.run(["dbfutil1"], input=answers, text=True, capture_output=True,
+                          cwd=out, timeout=60)
+    if "loaded successfully" not in made.stdout:
+        sys.exit("dbfutil1 did not make %s:\n%s" % (ndx, made.stdout[-2000:]))
 
 # An Excel workbook of two sheets, the first row the field names.
 book = xlwt.Workbook()

@@ -3,6 +3,8 @@
 #include "platform/PathUtil.h"
 
 #include "platform/tables/CompanionFile.h"
+#include "platform/tables/DbaseIndex.h"
+#include "platform/tables/DbaseMemoFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -41,38 +43,52 @@ qint64 low32(xbLong value) {
     return static_cast<std::int32_t>(static_cast<std::uint64_t>(value) & 0xFFFFFFFFU);
 }
 
+// Memos longer than this are shown cut.
+constexpr qint64 MaxMemo = 16 << 20;
+
 class DbaseRows final : public TableRows {
 public:
-    DbaseRows(xbDbf* table, QList<TableField> fields)
-        : m_table(table), m_fields(std::move(fields)) {}
+    DbaseRows(xbDbf* table, QList<TableField> fields, qint64 count,
+              std::shared_ptr<DbaseMemoFile> memos, std::optional<std::vector<std::uint32_t>> order)
+        : m_table(table), m_fields(std::move(fields)), m_count(count), m_memos(std::move(memos)),
+          m_order(std::move(order)) {}
 
-    qint64 count() const override { return low32(m_table->NoOfRecords()); }
+    qint64 count() const override {
+        return m_order ? static_cast<qint64>(m_order->size()) : m_count;
+    }
 
     QStringList row(qint64 index) override {
         QStringList cells;
-        if (index < 0 || index >= count() ||
-            m_table->GetRecord(static_cast<xbULong>(index + 1)) != XB_NO_ERROR)
+        if (index < 0 || index >= count())
+            return cells;
+        const qint64 record = m_order ? (*m_order)[static_cast<std::size_t>(index)] : index;
+        if (m_table->GetRecord(static_cast<xbULong>(record + 1)) != XB_NO_ERROR)
             return cells;
         for (int i = 0; i < m_fields.size(); ++i) {
-            const auto field = static_cast<xbShort>(i);
-            if (m_fields[i].type == TableTypes::Memo) {
-                const xbLong length = low32(m_table->GetMemoFieldLen(field));
-                QByteArray memo(static_cast<qsizetype>(std::clamp<xbLong>(length, 0, 16 << 20)),
-                                '\0');
-                if (length > 0 &&
-                    m_table->GetMemoField(field, length, memo.data(), F_SETLKW) != XB_NO_ERROR)
-                    memo.clear();
-                cells.append(QString::fromLatin1(memo).trimmed());
-            } else {
-                cells.append(QString::fromLatin1(m_table->GetField(field)).trimmed());
-            }
+            const QString text =
+                QString::fromLatin1(m_table->GetField(static_cast<xbShort>(i))).trimmed();
+            cells.append(m_fields[i].type == TableTypes::Memo ? memo(text) : text);
         }
         return cells;
     }
 
 private:
+    // The field holds the number of the memo's first block.
+    QString memo(const QString& field) const {
+        bool number = false;
+        const qint64 block = field.toLongLong(&number);
+        if (!number || !m_memos)
+            return {};
+        QByteArray memo = m_memos->read(block, MaxMemo);
+        memo.truncate(static_cast<qsizetype>(qstrnlen(memo.constData(), memo.size())));
+        return QString::fromLatin1(memo).trimmed();
+    }
+
     xbDbf* m_table;
     QList<TableField> m_fields;
+    qint64 m_count;
+    std::shared_ptr<DbaseMemoFile> m_memos;            // null without a memo file
+    std::optional<std::vector<std::uint32_t>> m_order; // record numbers from zero
 };
 
 } // namespace
@@ -93,12 +109,23 @@ TableReader::Opened DbaseReader::openFile(const QString& path) {
         opened.error = AppError(AppError::PathFileAccess);
         return opened;
     }
-    // Links with the names xbase64 looks for: the table and its memo file in one letter case.
+    // A link with the name xbase64 looks for, and an empty memo file beside it: xbase64 does
+    // not open a table without one, and it crashes on some memos (an empty one among them), so
+    // memos are read from the table's own memo file in our code.
     const QString table = reader->m_links.filePath(QStringLiteral("table.dbf"));
     QFile::link(QFileInfo(path).absoluteFilePath(), table);
-    const QString memo = companionFile(path, QStringLiteral("DBT"));
-    if (!memo.isEmpty())
-        QFile::link(memo, reader->m_links.filePath(QStringLiteral("table.dbt")));
+    QFile blank(reader->m_links.filePath(QStringLiteral("table.dbt")));
+    QByteArray blankHeader(512, '\0');
+    blankHeader[0] = 1;               // the next free block
+    blankHeader[21] = char(512 >> 8); // dBASE IV's block size
+    if (!blank.open(QIODevice::WriteOnly) || blank.write(blankHeader) != blankHeader.size()) {
+        opened.error = AppError(AppError::PathFileAccess);
+        return opened;
+    }
+    blank.close();
+    auto memos = std::make_shared<DbaseMemoFile>(companionFile(path, QStringLiteral("DBT")));
+    if (memos->isOpen())
+        reader->m_memos = std::move(memos);
 
     reader->m_base = std::make_unique<xbXBase>();
     reader->m_table = std::make_unique<xbDbf>(reader->m_base.get());
@@ -119,6 +146,26 @@ TableReader::Opened DbaseReader::openFile(const QString& path) {
         f.size = f.type == TableTypes::Memo ? 0 : length;
         def.fields.append(f);
     }
+    // The records the file holds, whatever its header claims.
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        opened.error = AppError(AppError::PathFileAccess);
+        return opened;
+    }
+    const QByteArray header = file.read(12);
+    const qint64 headerBytes =
+        header.size() == 12 ? qint64(uchar(header[8])) | qint64(uchar(header[9])) << 8 : 0;
+    const qint64 recordBytes = reader->m_table->GetRecordLen();
+    const qint64 stored =
+        recordBytes > 0 ? std::max<qint64>(0, (file.size() - headerBytes) / recordBytes) : 0;
+    reader->m_count = std::clamp<qint64>(low32(reader->m_table->NoOfRecords()), 0, stored);
+
+    QStringList names;
+    for (const TableField& field : std::as_const(def.fields))
+        names.append(field.name);
+    reader->m_indexes = findDbaseIndexes(path, names);
+    for (const DbaseIndex& index : std::as_const(reader->m_indexes))
+        def.indexes.append(index.name);
     opened.reader = std::move(reader);
     opened.error = AppError();
     return opened;
@@ -128,6 +175,17 @@ QList<TableDef> DbaseReader::tableDefs() {
     return {m_def};
 }
 
-std::unique_ptr<TableRows> DbaseReader::rows(const QString&, const QString&) {
-    return std::make_unique<DbaseRows>(m_table.get(), m_def.fields);
+std::unique_ptr<TableRows> DbaseReader::rows(const QString&, const QString& index) {
+    std::optional<std::vector<std::uint32_t>> order;
+    if (!index.isEmpty()) {
+        for (const DbaseIndex& known : std::as_const(m_indexes)) {
+            if (known.name.compare(index, Qt::CaseInsensitive) == 0) {
+                // A damaged index leaves the stored order.
+                order = readDbaseIndexOrder(known, static_cast<std::uint32_t>(m_count));
+                break;
+            }
+        }
+    }
+    return std::make_unique<DbaseRows>(m_table.get(), m_def.fields, m_count, m_memos,
+                                       std::move(order));
 }
