@@ -1,8 +1,9 @@
 #include "platform/tables/ParadoxReader.h"
 
 #include "platform/tables/CompanionFile.h"
-#include <QDate>
+#include "platform/tables/ParadoxBlobFile.h"
 
+#include <QDate>
 #include <QFile>
 #include <QFileInfo>
 #include <QTime>
@@ -10,8 +11,13 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <iconv.h>
+
 extern "C" {
 #include <paradox.h>
+// pxlib's own decryption of a data block, which the library exports without declaring it.
+void px_decrypt_db_block(unsigned char* src, unsigned char* dest, unsigned long encryption,
+                         unsigned long blocksize, unsigned long blockno);
 }
 
 namespace {
@@ -57,10 +63,49 @@ qint16 daoType(int type) {
     }
 }
 
+// Text in a DOS or Windows code page, as UTF-16; Latin-1 when the code page is unknown.
+class CodePage {
+public:
+    explicit CodePage(int number) {
+        if (number > 0)
+            m_convert = iconv_open("UTF-8", QByteArray("CP" + QByteArray::number(number)).data());
+    }
+    ~CodePage() {
+        if (m_convert != reinterpret_cast<iconv_t>(-1))
+            iconv_close(m_convert);
+    }
+    CodePage(const CodePage&) = delete;
+    CodePage& operator=(const CodePage&) = delete;
+
+    QString decode(QByteArray bytes) const {
+        bytes.truncate(static_cast<qsizetype>(qstrnlen(bytes.constData(), bytes.size())));
+        if (m_convert == reinterpret_cast<iconv_t>(-1))
+            return QString::fromLatin1(bytes);
+        QByteArray out(bytes.size() * 4 + 4, '\0');
+        char* in = bytes.data();
+        size_t inLeft = static_cast<size_t>(bytes.size());
+        char* to = out.data();
+        size_t outLeft = static_cast<size_t>(out.size());
+        iconv(m_convert, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(m_convert, &in, &inLeft, &to, &outLeft) == static_cast<size_t>(-1))
+            return QString::fromLatin1(bytes);
+        out.truncate(out.size() - static_cast<qsizetype>(outLeft));
+        return QString::fromUtf8(out);
+    }
+
+private:
+    iconv_t m_convert = reinterpret_cast<iconv_t>(-1);
+};
+
+// The bytes of the pointer at the end of a memo or other long field.
+constexpr int BlobPointer = 10;
+
 class ParadoxRows final : public TableRows {
 public:
-    ParadoxRows(pxdoc_t* doc, QList<int> types, QList<int> lengths)
-        : m_doc(doc), m_types(std::move(types)), m_lengths(std::move(lengths)) {
+    ParadoxRows(pxdoc_t* doc, QList<int> types, QList<int> lengths,
+                std::shared_ptr<ParadoxBlobFile> blobs)
+        : m_doc(doc), m_types(std::move(types)), m_lengths(std::move(lengths)),
+          m_blobs(std::move(blobs)), m_codePage(doc->px_head->px_doscodepage) {
         m_record.resize(doc->px_head->px_recordsize);
     }
 
@@ -155,22 +200,103 @@ private:
                 return {};
             return QString::number(realNumber(data), 'g', 15);
         case pxfMemoBLOb:
-        case pxfFmtMemoBLOb: {
-            // A memo shows the part kept in the record itself, before its pointer to the memo
-            // file.
-            const int inRecord = std::max(0, length - 10);
-            return QString::fromLatin1(data, static_cast<int>(qstrnlen(data, inRecord)));
-        }
+        case pxfFmtMemoBLOb:
+            return memo(data, length);
         default:
             return {};
         }
     }
 
+    // The whole memo from the memo file; without it, the part kept in the record.
+    QString memo(const char* data, int length) const {
+        if (length < BlobPointer)
+            return {};
+        const int inRecord = length - BlobPointer;
+        const char* pointer = data + inRecord;
+        if (m_blobs) {
+            if (std::optional<QByteArray> whole = m_blobs->read(pointer))
+                return m_codePage.decode(*whole);
+        }
+        const quint32 stored = static_cast<quint32>(static_cast<uchar>(pointer[4])) |
+                               static_cast<quint32>(static_cast<uchar>(pointer[5])) << 8 |
+                               static_cast<quint32>(static_cast<uchar>(pointer[6])) << 16 |
+                               static_cast<quint32>(static_cast<uchar>(pointer[7])) << 24;
+        const qsizetype kept = std::min<qint64>(inRecord, stored);
+        return m_codePage.decode(QByteArray(data, kept));
+    }
+
     pxdoc_t* m_doc;
     QList<int> m_types;
     QList<int> m_lengths;
+    std::shared_ptr<ParadoxBlobFile> m_blobs; // null without a readable memo file
+    CodePage m_codePage;
     QByteArray m_record;
 };
+
+quint16 le16(const QByteArray& bytes, qsizetype at) {
+    return quint16(uchar(bytes[at]) | uchar(bytes[at + 1]) << 8);
+}
+
+quint32 le32(const QByteArray& bytes, qsizetype at) {
+    return quint32(le16(bytes, at)) | quint32(le16(bytes, at + 2)) << 16;
+}
+
+// Whether pxlib can open the file without running away: it reads names up to a zero byte
+// without stopping at the end of the file, and it follows the chain of data blocks without
+// noticing a loop.
+bool soundForPxlib(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const qint64 size = file.size();
+    const QByteArray header = file.read(0x78);
+    if (header.size() < 0x58)
+        return false;
+    const int recordBytes = le16(header, 0);
+    const int headerBytes = le16(header, 2);
+    const int blockKilobytes = uchar(header[5]);
+    const int fields = le16(header, 0x21);
+    // Tables of Paradox 4 and later have a longer header before the fields' types.
+    const int types = uchar(header[0x39]) >= 5 ? 0x78 : 0x58;
+    if (recordBytes == 0 || headerBytes < types || headerBytes > size || fields < 1 ||
+        fields > 255 || types + 2 * fields > headerBytes ||
+        !QList<int>{1, 2, 3, 4, 8, 16, 32}.contains(blockKilobytes))
+        return false;
+    // The table's name and each field's name end in a zero byte after the fields' types.
+    if (!file.seek(types + 2 * fields))
+        return false;
+    qsizetype zeros = 0;
+    while (zeros < fields + 1) {
+        const QByteArray part = file.read(64 * 1024);
+        if (part.isEmpty())
+            return false;
+        zeros += part.count('\0');
+    }
+    const qint64 blockBytes = qint64(blockKilobytes) * 1024;
+    // An encrypted table's blocks are encrypted, their heads too: they are read as pxlib reads
+    // them.
+    quint32 key = le32(header, 0x25);
+    if (key == 0xFF00FF00U)
+        key = header.size() >= 0x60 ? le32(header, 0x5C) : 0;
+    QList<bool> visited(0x10000, false);
+    for (int block = le16(header, 0x0E); block != 0;) {
+        const qint64 at = headerBytes + (block - 1) * blockBytes;
+        if (visited[block] || at + 6 > size || !file.seek(at))
+            return false;
+        visited[block] = true;
+        QByteArray data = file.read(key ? blockBytes : 2);
+        if (data.size() < 2)
+            return false;
+        if (key) {
+            data.resize(blockBytes, '\0');
+            auto* bytes = reinterpret_cast<unsigned char*>(data.data());
+            px_decrypt_db_block(bytes, bytes, key, static_cast<unsigned long>(blockBytes),
+                                static_cast<unsigned long>(block));
+        }
+        block = le16(data, 0);
+    }
+    return true;
+}
 
 } // namespace
 
@@ -187,8 +313,10 @@ TableReader::Opened ParadoxReader::openFile(const QString& path) {
     if (!QFileInfo(path).isFile())
         return opened;
     std::unique_ptr<ParadoxReader> reader(new ParadoxReader);
-    reader->m_doc = PX_new2(quietError, allocate, reallocate, release);
     opened.error = AppError(AppError::PathFileAccess);
+    if (!soundForPxlib(path))
+        return opened;
+    reader->m_doc = PX_new2(quietError, allocate, reallocate, release);
     if (!reader->m_doc)
         return opened;
     if (PX_open_file(reader->m_doc, QFile::encodeName(path).constData()) < 0) {
@@ -198,7 +326,14 @@ TableReader::Opened ParadoxReader::openFile(const QString& path) {
     }
     PX_set_targetencoding(reader->m_doc, "UTF-8");
     // pxlib 0.6.8 overruns its stack when it opens a memo file (PX_set_blob_file), so memo
-    // files are not opened: a memo shows the part kept in the record itself.
+    // files are read here. The blocks of an encrypted table's memo file are encrypted too:
+    // its memos show the part kept in the record.
+    const QString blobPath = companionFile(path, QStringLiteral("MB"));
+    if (!blobPath.isEmpty() && reader->m_doc->px_head->px_encryption == 0) {
+        auto blobs = std::make_shared<ParadoxBlobFile>(blobPath);
+        if (blobs->isOpen())
+            reader->m_blobs = std::move(blobs);
+    }
 
     TableDef& def = reader->m_def;
     def.name = QFileInfo(path).fileName();
@@ -213,6 +348,13 @@ TableReader::Opened ParadoxReader::openFile(const QString& path) {
         reader->m_types.append(fields[i].px_ftype);
         reader->m_lengths.append(fields[i].px_flen);
     }
+    // The fields must fit in a record: each cell is read at its place in one.
+    qint64 used = 0;
+    for (const int length : std::as_const(reader->m_lengths))
+        used += std::max(length, 0);
+    if (!fields || count < 1 || used > reader->m_doc->px_head->px_recordsize ||
+        reader->m_doc->px_head->px_recordsize <= 0)
+        return opened;
     if (!companionFile(path, QStringLiteral("PX")).isEmpty())
         def.indexes.append(QStringLiteral("PrimaryKey"));
     opened.reader = std::move(reader);
@@ -225,5 +367,5 @@ QList<TableDef> ParadoxReader::tableDefs() {
 }
 
 std::unique_ptr<TableRows> ParadoxReader::rows(const QString&, const QString&) {
-    return std::make_unique<ParadoxRows>(m_doc, m_types, m_lengths);
+    return std::make_unique<ParadoxRows>(m_doc, m_types, m_lengths, m_blobs);
 }

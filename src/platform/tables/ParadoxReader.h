@@ -2,10 +2,13 @@
 
 #include "platform/tables/TableReader.h"
 
-struct px_doc;
+#include <memory>
 
-// Paradox tables (.DB with .MB memos and the .PX primary index) through pxlib. Companion files
-// are found whatever their letter case.
+struct px_doc;
+class ParadoxBlobFile;
+
+// Paradox tables (.DB with .MB memos and the .PX primary index) through pxlib; memos are read
+// from the .MB file in our own code. Companion files are found whatever their letter case.
 class ParadoxReader final : public TableReader {
 public:
     static Opened openFile(const QString& path);
@@ -19,6 +22,7 @@ private:
 
     px_doc* m_doc = nullptr;
     TableDef m_def;
-    QList<int> m_types;   // pxlib's field types
-    QList<int> m_lengths; // bytes of each field in a record
+    QList<int> m_types;                       // pxlib's field types
+    QList<int> m_lengths;                     // bytes of each field in a record
+    std::shared_ptr<ParadoxBlobFile> m_blobs; // the memo file, when there is one to read
 };
