@@ -86,3 +86,26 @@ def make_merged_workbook(folder):
 
 
 make_merged_workbook(out)
+
+
+def make_window_tables(folder):
+    """MANY.DBF: 5,000 records to page through; WIDE251.XLS and WIDE252.XLS: one sheet of 251
+    and of 252 columns, one more than a grid of the shared field lists can show."""
+    many_path = os.path.join(folder, "MANY.DBF")
+    if os.path.exists(many_path):
+        os.remove(many_path)
+    many = dbf.Table(many_path, "KEY C(7); AMOUNT N(8,0)", dbf_type="db3")
+    many.open(dbf.READ_WRITE)
+    for i in range(5000):
+        many.append(("R%06d" % i, (i * 7919) % 100003))
+    many.close()
+    for columns in (251, 252):
+        wide = xlwt.Workbook()
+        sheet = wide.add_sheet("Wide")
+        for col in range(columns):
+            sheet.write(0, col, "F%d" % col)
+            sheet.write(1, col, col)
+        wide.save(os.path.join(folder, "WIDE%d.XLS" % columns))
+
+
+make_window_tables(out)

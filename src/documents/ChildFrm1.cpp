@@ -175,6 +175,9 @@ void ChildFrm1::buildMenus() {
     on("mnuImageBrightness", &ChildFrm1::mnuImageBrightness_Click);
     on("mnuImageContrast", &ChildFrm1::mnuImageContrast_Click);
     on("mnuImageRotate", &ChildFrm1::mnuImageRotate_Click);
+    on("mnuViewTable", &ChildFrm1::mnuViewTable_Click);
+    on("mnuViewIndex", &ChildFrm1::mnuViewIndex_Click);
+    on("mnuViewComments", &ChildFrm1::mnuViewComments_Click);
     for (const char* name : {"mnuViewNormal", "mnuViewStretch", "mnuImageText", "mnuImageShapes"})
         menuAction(name)->setCheckable(true);
 }
@@ -207,6 +210,7 @@ void ChildFrm1::Form_Load() {
     } else if (g.gIsDatabaseFile) {
         FILE_TYPE = u"D"_s;
         mExt = FileTypes::GetFileExt(g.gCurrentFile);
+        loadDatabase(g.gCurrentFile);
     } else {
         FILE_TYPE = u"I"_s;
         mExt = FileTypes::GetFileExt(g.gCurrentFile);
@@ -286,6 +290,11 @@ void ChildFrm1::placeInWorkspace() {
     if (Text1) {
         move(0, 0);
         resize(Twips::toPixels(6500), Twips::toPixels(4000));
+        return;
+    }
+    if (Data1) {
+        move(0, 0);
+        resize(Twips::toPixels(9000), Twips::toPixels(5500));
         return;
     }
     if (!Image1 || Image1->image().isNull())
@@ -490,6 +499,8 @@ void ChildFrm1::Form_Activate() {
     widget()->setAutoFillBackground(true);
     if (Text1)
         WidgetPaint::paint(Text1, g.gDisplayBackColor, g.gDisplayForeColor, g.gBoldType);
+    if (Data1)
+        paintDatabaseView();
     if (mBadLoad) {
         close();
         return;
@@ -538,6 +549,7 @@ void ChildFrm1::Form_Activate() {
         m_frame->EnableDataButtons();
         if (mExt == u"DBF"_s || mExt == u"DB"_s)
             m_frame->button(12)->setEnabled(false);
+        syncTableButtons();
     }
     path->setToolTip(caption);
 }
@@ -600,6 +612,7 @@ void ChildFrm1::mnuFileRename_Click() {
 }
 
 void ChildFrm1::mnuFileMove_Click() {
+    releaseTable();
     if (Quorvane1* main = Quorvane1::instance())
         main->MoveFile(windowTitle());
 }
@@ -614,6 +627,7 @@ void ChildFrm1::mnuFileDelete_Click() {
         return;
     }
     // The table lets go of its files before they go.
+    releaseTable();
     const QStringList members = FileOperations::family(caption);
     close();
     for (const QString& member : members)
@@ -641,7 +655,8 @@ void ChildFrm1::mnuFilePrint_Click() {
     g.gPrintFile = PathUtil::nameOf(caption);
     g.gOpenFile = caption;
     g.gCallerTag = u"M"_s;
-    m_frame->mPrintPassword.clear();
+    m_frame->mPrintPassword = mPassword;
+    g.gPrintListItem = mTableName;
     if (QWidget* print = WindowRegistry::touch(u"PrntFrm1"_s)) {
         print->show();
         print->raise();
@@ -667,6 +682,7 @@ void ChildFrm1::mnuFileOLE_Click() {
             TextLoader::load(PathUtil::join(globals().gAppPath, u"Close.Txt"_s), u"TXT"_s);
         Text1->setPlainText(closeText.content);
     }
+    releaseTable();
     main->OpenwithOLE(windowTitle());
 }
 
@@ -685,7 +701,6 @@ void ChildFrm1::mnuEditCopy_Click() {
     if (FILE_TYPE == u"I"_s)
         Messages::instance().inform(
             tr("You can only Copy Text for Pasting into Text Box to Add Text to a Picture"), this);
+    else if (FILE_TYPE == u"D"_s)
+        copyCurrentCell();
 }
-void ChildFrm1::mnuViewIndex_Click() {}
-void ChildFrm1::mnuViewTable_Click() {}
-void ChildFrm1::mnuViewComments_Click() {}

@@ -1,8 +1,18 @@
 #pragma once
 
+#include "documents/DatabaseLayout.h"
+
 #include <QMdiSubWindow>
 
+#include <array>
+
+class FlexGrid;
 class MDIForm1;
+class QFrame;
+class QGroupBox;
+class QListWidget;
+class TableDataControl;
+class TableGridModel;
 class QAction;
 class QKeyEvent;
 class PictureDialog;
@@ -38,6 +48,32 @@ public:
     // The picture of a picture document, the text of a text document.
     PictureView* Image1 = nullptr;
     QTextEdit* Text1 = nullptr;
+
+    // A database document: the file, its kind, the table shown and the types of its fields.
+    QString mDbFolder;
+    QString mDbFile;
+    QString mConnect;
+    QString mPassword;
+    QString mTableName;
+    bool mShowTables = false;
+    bool mShowIndexes = false;
+    std::array<qint16, 301> mFieldType{};
+    // Its data control and grid, the lists of tables (List1) and indexes (List2) in Frame1,
+    // and the comment box Frame2 with Text2.
+    TableDataControl* Data1 = nullptr;
+    FlexGrid* MSFlexGrid1 = nullptr;
+    QFrame* Frame1 = nullptr;
+    QListWidget* List1 = nullptr;
+    QListWidget* List2 = nullptr;
+    QGroupBox* Frame2 = nullptr;
+    QTextEdit* Text2 = nullptr;
+    void List1_Click(int position);
+    void List2_Click(int position);
+    void MSFlexGrid1_DblClick();
+    // The table and index buttons of the frame follow this window's lists.
+    void syncTableButtons();
+    // The table lets go of its files (before another program opens them, or they move).
+    void releaseTable();
     int bitmapBits() const { return m_bits; }
 
     const QList<QMenu*>& menus() const { return m_menus; }
@@ -77,6 +113,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -84,6 +121,19 @@ private:
     QAction* menuAction(const char* name) const;
     void loadPicture(const QString& path);
     void loadText(const QString& path);
+    void loadDatabase(const QString& path);
+    void buildDatabaseView();
+    void fillIndexList();
+    void fillTableList();
+    void Data1_Validate(int action);
+    void Data1_Reposition();
+    void showComment();
+    void applyGridStyle();
+    void layoutDatabase();
+    void paintDatabaseView();
+    void copyCurrentCell();
+    // dBASE and Paradox keep one table a file, named by the file.
+    bool tableIsTheFile() const;
     void setCheckMarks();
     // The pair around every picture command: busy pointer and no repaint, then back.
     void beginChange();
@@ -102,5 +152,8 @@ private:
     bool mFirstActivate = true;
     bool m_unloaded = false;
     int m_bits = 0;
+    TableGridModel* m_gridModel = nullptr;
+    bool m_commentShown = false;
+    DatabaseLayout::Placement m_placement;
     qint64 m_diskSize = 0;
 };

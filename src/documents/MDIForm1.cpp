@@ -355,9 +355,10 @@ void MDIForm1::Form_Activate() {
     if (mChildCount >= 1 && child) {
         if (child->FILE_TYPE == u"T"_s)
             EnableTextButtons();
-        else if (child->FILE_TYPE == u"D"_s)
+        else if (child->FILE_TYPE == u"D"_s) {
             EnableDataButtons();
-        else if (child->FILE_TYPE == u"I"_s)
+            child->syncTableButtons();
+        } else if (child->FILE_TYPE == u"I"_s)
             EnableButtons();
     } else {
         for (QLabel* label : Label1)
@@ -367,13 +368,14 @@ void MDIForm1::Form_Activate() {
         EnableMDIButtons();
     }
     Quorvane1* main = Quorvane1::instance();
+    // The flag goes down before the document opens: a dialog of the opening (a password)
+    // activates the frame again when it closes, and that must not open the file twice.
     if (main && main->mOpenPending) {
+        main->mOpenPending = false;
         setCursor(Qt::WaitCursor);
         NewWindowFile();
         unsetCursor();
     }
-    if (main)
-        main->mOpenPending = false;
 }
 
 void MDIForm1::Form_Resize() {

@@ -29,6 +29,9 @@ public:
 
     // A box with the text and an OK button.
     virtual void inform(const QString& text, QWidget* parent = nullptr) = 0;
+    // A box with the text and an OK button under a caption of its own.
+    virtual void informTitled(const QString& title, const QString& text,
+                              QWidget* parent = nullptr) = 0;
     // A Yes/No question; true for Yes.
     virtual bool askYesNo(const QString& text, QWidget* parent = nullptr) = 0;
     // A one-line entry proposing a text; nothing on Cancel.

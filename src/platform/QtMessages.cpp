@@ -36,7 +36,11 @@ QString runFileDialog(Messages::FileRequest& request, QWidget* parent,
 } // namespace
 
 void QtMessages::inform(const QString& text, QWidget* parent) {
-    QMessageBox box(QMessageBox::NoIcon, caption(), text, QMessageBox::Ok, parent);
+    informTitled(caption(), text, parent);
+}
+
+void QtMessages::informTitled(const QString& title, const QString& text, QWidget* parent) {
+    QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok, parent);
     box.exec();
 }
 

@@ -6,6 +6,7 @@
 class QtMessages final : public Messages {
 public:
     void inform(const QString& text, QWidget* parent) override;
+    void informTitled(const QString& title, const QString& text, QWidget* parent) override;
     bool askYesNo(const QString& text, QWidget* parent) override;
     std::optional<QString> askText(const QString& title, const QString& label,
                                    const QString& proposed, QWidget* parent) override;

@@ -364,6 +364,13 @@ QAction* Quorvane1::command(const char* name) const {
     return findChild<QAction*>(QString::fromLatin1(name));
 }
 
+void Quorvane1::setMenuChecked(const char* name, bool checked) {
+    if (QAction* action = command(name)) {
+        action->setCheckable(true);
+        action->setChecked(checked);
+    }
+}
+
 void Quorvane1::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->setObjectName(u"mnuFile"_s);
@@ -1087,12 +1094,13 @@ void Quorvane1::mnuFileOLE_Click() {
     InitializeDisplay();
     const QString file = PTxShList1->selectedPath();
     const QString extension = GetFileExt(file);
-    if (extension == u"HTM"_s || extension == u"HTML"_s) {
-        if (MDIForm1* frame = frameWindow()) {
-            if (ChildFrm1* child = frame->activeChild())
-                child->close();
-        }
-    }
+    MDIForm1* frame = frameWindow();
+    ChildFrm1* child = frame ? frame->activeChild() : nullptr;
+    // The active table lets go of its file; a web page's window closes.
+    if (child && FileOperations::isFamilyExtension(extension))
+        child->releaseTable();
+    if (child && (extension == u"HTM"_s || extension == u"HTML"_s))
+        child->close();
     OpenwithOLE(file);
 }
 
@@ -1115,7 +1123,7 @@ void Quorvane1::mnuFilePrint_Click() {
     g.gOpenFile = g.gPrintFile;
     if (MDIForm1* frame = frameWindow()) {
         if (ChildFrm1* child = frame->activeChild(); child && child->windowTitle() == g.gPrintFile)
-            g.gPrintListItem = child->property("currentTable").toString();
+            g.gPrintListItem = child->mTableName;
     }
     g.gCallerTag = u"F"_s;
     showNamedWindow("PrntFrm1", false);

@@ -101,6 +101,10 @@ protected:
     // The window sees the keys of its controls first; the splitter's drag goes through here.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+public:
+    // Checks or clears a command of the menus, for the document windows that share it.
+    void setMenuChecked(const char* name, bool checked);
+
 private:
     void buildControls();
     void buildButtons(QWidget* client);

@@ -42,8 +42,12 @@ private:
 private Q_SLOTS:
     void init() {
         h = std::make_unique<MainWindowHarness>();
-        for (const char* name : {"table.mdb", "old.dbf", "notes.txt"})
-            h->folder().write(QString::fromLatin1(name), "data");
+        h->folder().write(u"notes.txt"_s, "data");
+        // Real tables: a workbook of two sheets, and a dBASE table with two indexes.
+        const QDir tables(QStringLiteral(QUORVANE_GENERATED_TABLES));
+        for (const char* name : {"BOOK.XLS", "ITEMS.DBF", "itemname.ndx", "itemstock.ndx"})
+            QFile::copy(tables.filePath(QString::fromLatin1(name)),
+                        h->folder().file(QString::fromLatin1(name)));
         h->folder().writePicture(u"x.jpg"_s);
         h->start();
     }
@@ -77,10 +81,12 @@ private Q_SLOTS:
     }
 
     void aPictureAfterADatabaseLeavesTableAndIndexDisabled() {
-        display(u"table.mdb"_s);
+        display(u"ITEMS.DBF"_s);
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"D"_s);
-        QVERIFY(frame()->button(12)->isEnabled());
         QVERIFY(frame()->button(13)->isEnabled());
+        display(u"BOOK.XLS"_s);
+        QVERIFY(frame()->button(12)->isEnabled());
+        QVERIFY(!frame()->button(13)->isEnabled()); // a sheet has no indexes
         QVERIFY(!frame()->button(14)->isEnabled());
         display(u"x.jpg"_s);
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"I"_s);
@@ -94,7 +100,7 @@ private Q_SLOTS:
         display(u"notes.txt"_s);
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"T"_s);
         QCOMPARE(enabledButtons(), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 10, 19, 20}));
-        display(u"old.dbf"_s);
+        display(u"ITEMS.DBF"_s);
         QCOMPARE(frame()->activeChild()->FILE_TYPE, u"D"_s);
         QCOMPARE(frame()->activeChild()->mExt, u"DBF"_s);
         QVERIFY(!frame()->button(12)->isEnabled());

@@ -19,6 +19,10 @@ void RecordingMessages::inform(const QString& text, QWidget*) {
     m_shown.append({QStringLiteral("inform"), caption(), text, {}});
 }
 
+void RecordingMessages::informTitled(const QString& title, const QString& text, QWidget*) {
+    m_shown.append({QStringLiteral("inform"), title, text, {}});
+}
+
 bool RecordingMessages::askYesNo(const QString& text, QWidget*) {
     m_shown.append({QStringLiteral("askYesNo"), caption(), text, {}});
     return next().toBool();

@@ -28,6 +28,7 @@ public:
     void clear() { m_shown.clear(); }
 
     void inform(const QString& text, QWidget* parent) override;
+    void informTitled(const QString& title, const QString& text, QWidget* parent) override;
     bool askYesNo(const QString& text, QWidget* parent) override;
     std::optional<QString> askText(const QString& title, const QString& label,
                                    const QString& proposed, QWidget* parent) override;

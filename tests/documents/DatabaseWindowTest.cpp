@@ -1,0 +1,448 @@
+#include "documents/ChildFrm1.h"
+#include "documents/Login.h"
+#include "documents/MDIForm1.h"
+#include "platform/FlexGrid.h"
+#include "platform/TableDataControl.h"
+#include "platform/Twips.h"
+#include "platform/tables/TableRecordset.h"
+#include "support/MainWindowHarness.h"
+#include "support/ModalAnswer.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString generated(const QString& name) {
+    return QStringLiteral(QUORVANE_GENERATED_TABLES) + u'/' + name;
+}
+
+QString shared(const QString& name) {
+    return QStringLiteral(QUORVANE_SHARED_FIXTURES) + u'/' + name;
+}
+
+} // namespace
+
+class DatabaseWindowTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<MainWindowHarness> h;
+
+    MDIForm1* frame() {
+        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+
+    // Copies a table file and its companions into the program folder under the same names.
+    void place(const QString& source, const QStringList& companions = {}) {
+        const QFileInfo info(source);
+        for (const QString& name : QStringList{info.fileName()} + companions)
+            QFile::copy(info.absoluteDir().filePath(name), h->folder().file(name));
+    }
+
+    // Displays a file from the main window and waits for its document window.
+    ChildFrm1* open(const QString& name) {
+        const qint16 before = frame() ? frame()->mChildCount : 0;
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(name));
+        if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
+            return nullptr;
+        // Without a window manager nothing hands the activation back after a dialog.
+        if (!QApplication::activeWindow())
+            frame()->activateWindow();
+        if (!QTest::qWaitForWindowActive(frame()))
+            return nullptr;
+        return frame()->activeChild();
+    }
+
+    static QAction* menu(ChildFrm1* child, const char* name) {
+        for (QMenu* m : child->menus()) {
+            if (auto* action = m->findChild<QAction*>(QString::fromLatin1(name)))
+                return action;
+        }
+        return nullptr;
+    }
+
+    static QStringList entries(const QListWidget* list) {
+        QStringList texts;
+        for (int i = 0; i < list->count(); ++i)
+            texts.append(list->item(i)->text());
+        return texts;
+    }
+
+    static void selectCell(ChildFrm1* child, int record, int column) {
+        child->MSFlexGrid1->setCurrentIndex(child->MSFlexGrid1->model()->index(record, column));
+    }
+
+    void skipWithoutShared(const QString& name) {
+        if (!QFileInfo::exists(shared(name)))
+            QSKIP(qPrintable(u"the shared sample is absent: "_s + shared(name)));
+    }
+
+private Q_SLOTS:
+    void init() {
+        h = std::make_unique<MainWindowHarness>();
+        h->start();
+    }
+
+    void cleanup() { h.reset(); }
+
+    void aDbaseTableShowsItsRecordsWithoutTableOrIndexChoices() {
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        const QByteArray before = h->folder().read(u"SALES.DBF"_s);
+        ChildFrm1* child = open(u"SALES.DBF"_s);
+        QVERIFY(child);
+        QCOMPARE(child->FILE_TYPE, u"D"_s);
+        QCOMPARE(child->mConnect, u"dBASE 5.0;"_s);
+        QCOMPARE(child->mDbFile, u"SALES.DBF"_s);
+        QCOMPARE(child->mDbFolder, h->folder().path());
+        QCOMPARE(child->Data1->Caption(), h->folder().file(u"SALES.DBF"_s));
+        QVERIFY(child->Data1->isVisible());
+        QVERIFY(child->MSFlexGrid1->isVisible());
+        QVERIFY(!child->Frame1->isVisible());
+
+        const QAbstractItemModel* grid = child->MSFlexGrid1->model();
+        QCOMPARE(grid->rowCount(), 3);
+        QCOMPARE(grid->columnCount(), 6);
+        QCOMPARE(grid->headerData(0, Qt::Horizontal).toString(), u"NAME"_s);
+        QCOMPARE(grid->index(0, 0).data().toString(), u"Widget"_s);
+        QCOMPARE(grid->index(2, 1).data().toString(), u"250"_s);
+        QCOMPARE(child->mFieldType[5], qint16(12));
+        QCOMPARE(child->mFieldType[0], qint16(10));
+
+        // NAME C(20) and SOLD D(8) are as wide as their values, PAID L(1) as its name.
+        QCOMPARE(child->MSFlexGrid1->columnWidth(0), Twips::toPixels(2400));
+        QCOMPARE(child->MSFlexGrid1->columnWidth(3), Twips::toPixels(960));
+        QCOMPARE(child->MSFlexGrid1->columnWidth(4), Twips::toPixels(400));
+
+        // One table a file, no index: no lists to choose from.
+        QVERIFY(!menu(child, "mnuViewTable")->isEnabled());
+        QVERIFY(!frame()->button(12)->isEnabled());
+        QCOMPARE(child->List1->count(), 0);
+        QVERIFY(!menu(child, "mnuViewIndex")->isEnabled());
+        QVERIFY(!frame()->button(13)->isEnabled());
+        QVERIFY(menu(child, "mnuViewComments")->isEnabled());
+        QVERIFY(frame()->button(10)->isEnabled()); // Copy
+
+        child->close();
+        QTRY_COMPARE(frame()->mChildCount, qint16(0));
+        QCOMPARE(h->folder().read(u"SALES.DBF"_s), before);
+    }
+
+    void theCommentBoxShowsAMemoAndRefusesOtherColumns() {
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        ChildFrm1* child = open(u"SALES.DBF"_s);
+        QVERIFY(child);
+        QAction* comments = menu(child, "mnuViewComments");
+
+        selectCell(child, 0, 5);
+        comments->trigger();
+        QVERIFY(child->Frame2->isVisible());
+        QCOMPARE(child->Frame2->title(), u"View Comments"_s);
+        QCOMPARE(child->Text2->toPlainText(), u"First order of the year"_s);
+        QVERIFY(comments->isChecked());
+        comments->trigger();
+        QVERIFY(!child->Frame2->isVisible());
+        QVERIFY(!comments->isChecked());
+
+        selectCell(child, 0, 1);
+        comments->trigger();
+        QCOMPARE(h->messages().texts(), QStringList{u"Please select a Comment Field to Display"_s});
+        QVERIFY(!child->Frame2->isVisible());
+        QVERIFY(comments->isChecked()); // the menu stays checked
+        comments->trigger();
+
+        // A double click on the memo, or on the column before it, opens the box too.
+        h->messages().clear();
+        selectCell(child, 2, 4);
+        child->MSFlexGrid1_DblClick();
+        QVERIFY(child->Frame2->isVisible());
+        QCOMPARE(child->Text2->toPlainText(), u"T"_s);
+        QVERIFY(comments->isChecked());
+        comments->trigger();
+        selectCell(child, 2, 5);
+        child->MSFlexGrid1_DblClick();
+        QCOMPARE(child->Text2->toPlainText(), u"Bulk\nsecond line"_s);
+        comments->trigger();
+        selectCell(child, 1, 0);
+        child->MSFlexGrid1_DblClick();
+        QVERIFY(!child->Frame2->isVisible());
+        QVERIFY(h->messages().texts().isEmpty());
+
+        // Copy puts the current cell on the clipboard.
+        menu(child, "mnuEditCopy")->trigger();
+        QCOMPARE(QApplication::clipboard()->text(), u"Gadget"_s);
+    }
+
+    void theDataControlWalksTheGridRow() {
+        place(generated(u"MANY.DBF"_s));
+        ChildFrm1* child = open(u"MANY.DBF"_s);
+        QVERIFY(child);
+        FlexGrid* grid = child->MSFlexGrid1;
+        QCOMPARE(grid->Rows(), 5001);
+        QCOMPARE(grid->Row(), 1);
+        auto click = [&](const char* name) {
+            child->Data1->findChild<QToolButton*>(QString::fromLatin1(name))->click();
+        };
+        click("PreviousRecord");
+        QCOMPARE(grid->Row(), 1);
+        click("NextRecord");
+        click("NextRecord");
+        QCOMPARE(grid->Row(), 3);
+        click("LastRecord");
+        QCOMPARE(grid->Row(), 5000);
+        QVERIFY(grid->RowIsVisible(5000));
+        QCOMPARE(grid->Text(), u"R004999"_s);
+        click("NextRecord");
+        QCOMPARE(grid->Row(), 5000);
+        click("PreviousRecord");
+        QCOMPARE(grid->Row(), 4999);
+        click("FirstRecord");
+        QCOMPARE(grid->Row(), 1);
+        QCOMPARE(grid->TopRow(), 1);
+        QCOMPARE(child->Data1->Recordset()->AbsolutePosition(), 0);
+    }
+
+    void theCurrentCellAndTheGridTakeTheBrowserColoursAndStyle() {
+        Globals& g = globals();
+        g.gBrowserBackColor = 0x00FFFF; // yellow
+        g.gBrowserForeColor = 0x800000; // navy
+        g.gBrowserTextStyle = u"I"_s;
+        g.gGridLines = false;
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        ChildFrm1* child = open(u"SALES.DBF"_s);
+        QVERIFY(child);
+        FlexGrid* grid = child->MSFlexGrid1;
+        QCOMPARE(grid->textStyle(), FlexGrid::TextInset);
+        QCOMPARE(grid->gridLines(), FlexGrid::LinesNone);
+        QCOMPARE(grid->palette().color(QPalette::Base), QColor(255, 255, 0));
+        QCOMPARE(grid->palette().color(QPalette::Text), QColor(0, 0, 128));
+        selectCell(child, 1, 2);
+        const QModelIndex cell = grid->model()->index(1, 2);
+        QCOMPARE(cell.data(Qt::BackgroundRole).value<QColor>(), QColor(0, 0, 128));
+        QCOMPARE(cell.data(Qt::ForegroundRole).value<QColor>(), QColor(255, 255, 0));
+        selectCell(child, 2, 2);
+        QVERIFY(!cell.data(Qt::BackgroundRole).isValid());
+
+        // With grid lines on, they are raised in the text colour whatever the style.
+        g.gGridLines = true;
+        g.gBrowserTextStyle = u"F"_s;
+        h->activateMain();
+        frame()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(frame()));
+        child->Form_Activate();
+        QCOMPARE(grid->textStyle(), FlexGrid::TextFlat);
+        QCOMPARE(grid->gridLines(), FlexGrid::LinesRaised);
+        QCOMPARE(grid->gridColor(), QColor(0, 0, 128));
+    }
+
+    void aResizedWindowStretchesTheControlAndTheGrid() {
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        ChildFrm1* child = open(u"SALES.DBF"_s);
+        QVERIFY(child);
+        child->resize(Twips::toPixels(7500), Twips::toPixels(4500));
+        QCOMPARE(child->Data1->width(), Twips::toPixels(7500 - 90));
+        QCOMPARE(child->MSFlexGrid1->width(), Twips::toPixels(7500 - 90));
+        QCOMPARE(child->MSFlexGrid1->height(), Twips::toPixels(4500 - 740));
+        QCOMPARE(child->MSFlexGrid1->y(), Twips::toPixels(310));
+    }
+
+    void anAccessFileListsItsTablesAndIndexes() {
+        skipWithoutShared(u"mdb/testV1997.mdb"_s);
+        place(shared(u"mdb/testV1997.mdb"_s));
+        const QByteArray before = h->folder().read(u"testV1997.mdb"_s);
+        ChildFrm1* child = open(u"testV1997.mdb"_s);
+        QVERIFY(child);
+        QCOMPARE(child->mConnect, u"Access"_s);
+        QCOMPARE(child->mTableName, u"Table1"_s);
+        QCOMPARE(child->Data1->Connect, u"Access"_s);
+        QCOMPARE(entries(child->List1),
+                 (QStringList{u"Table1"_s, u"Table2"_s, u"Table3"_s, u"Table4"_s, QString()}));
+        QCOMPARE(child->List1->currentRow(), 0);
+        QCOMPARE(child->List2->count(), 3); // two indexes and the empty entry
+        QCOMPARE(child->List2->currentRow(), 0);
+        QVERIFY(menu(child, "mnuViewTable")->isEnabled());
+        QVERIFY(menu(child, "mnuViewIndex")->isEnabled());
+        QVERIFY(frame()->button(12)->isEnabled());
+        QVERIFY(frame()->button(13)->isEnabled());
+        QCOMPARE(child->MSFlexGrid1->model()->columnCount(), 9);
+
+        // The table list, then the index list: the first stays on the left.
+        child->mnuViewTable_Click();
+        QVERIFY(child->Frame1->isVisible());
+        QVERIFY(child->List1->isVisible());
+        QVERIFY(menu(child, "mnuViewTable")->isChecked());
+        child->mnuViewIndex_Click();
+        QVERIFY(child->List2->isVisible());
+        QVERIFY(child->List1->x() < child->List2->x());
+        child->mnuViewTable_Click();
+        QVERIFY(!child->List1->isVisible());
+        QVERIFY(child->Frame1->isVisible());
+        child->mnuViewTable_Click();
+        QVERIFY(child->List2->x() < child->List1->x());
+        child->mnuViewIndex_Click();
+        child->mnuViewTable_Click();
+        QVERIFY(!child->Frame1->isVisible());
+
+        // Another table: the grid, the field types and the index list follow it.
+        child->List1_Click(1);
+        QCOMPARE(child->mTableName, u"Table2"_s);
+        QCOMPARE(frame()->mTableIndex, 1.0);
+        QCOMPARE(child->MSFlexGrid1->model()->columnCount(), 89);
+        QCOMPARE(child->MSFlexGrid1->model()->headerData(0, Qt::Horizontal).toString(),
+                 u"column1"_s);
+        // The empty last entry changes nothing.
+        child->List1_Click(4);
+        QCOMPARE(child->mTableName, u"Table2"_s);
+        QCOMPARE(child->MSFlexGrid1->model()->columnCount(), 89);
+        child->close();
+        QTRY_COMPARE(frame()->mChildCount, qint16(0));
+        QCOMPARE(h->folder().read(u"testV1997.mdb"_s), before);
+    }
+
+    void aSecondDatabaseWindowOverwritesTheListsButNotTheFirstsFieldTypes() {
+        skipWithoutShared(u"mdb/testV1997.mdb"_s);
+        place(shared(u"mdb/testV1997.mdb"_s));
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        ChildFrm1* first = open(u"SALES.DBF"_s);
+        QVERIFY(first);
+        const std::array<qint16, 301> types = first->mFieldType;
+        ChildFrm1* second = open(u"testV1997.mdb"_s);
+        QVERIFY(second);
+        QVERIFY(first != second);
+        QCOMPARE(globals().gFieldCount, 8);
+        QCOMPARE(globals().gFieldTypes[8], qint16(1));
+        QCOMPARE(first->mFieldType, types);
+        QCOMPARE(first->mFieldType[5], qint16(12));
+        QVERIFY(second->mFieldType != types);
+    }
+
+    void aProtectedAccessFileOpensOnlyWithTheRightPassword() {
+        skipWithoutShared(u"mdb/V2003_with-password.mdb"_s);
+        place(shared(u"mdb/V2003_with-password.mdb"_s));
+        int asked = 0;
+        answerModal<Login>([&](Login* login) {
+            ++asked;
+            QCOMPARE(login->windowTitle(), u"Login to Database File"_s);
+            QCOMPARE(login->txtPassword->echoMode(), QLineEdit::Password);
+            login->OKbtn->click(); // empty
+            login->txtPassword->setText(u"Password"_s);
+            login->OKbtn->click();
+            QVERIFY(login->isVisible());
+            QCOMPARE(login->txtPassword->selectedText(), u"Password"_s);
+            login->txtPassword->setText(u"password"_s);
+            QTest::keyClick(login->txtPassword, Qt::Key_Return);
+        });
+        ChildFrm1* child = open(u"V2003_with-password.mdb"_s);
+        QVERIFY(child);
+        QCOMPARE(asked, 1);
+        const QList<RecordingMessages::Shown>& shown = h->messages().shown();
+        QCOMPARE(shown.size(), 2);
+        for (const RecordingMessages::Shown& box : shown) {
+            QCOMPARE(box.text, u"Invalid Password, try again!"_s);
+            QCOMPARE(box.title, u"Login to Database"_s);
+        }
+        QVERIFY(globals().gLoginOK);
+        QCOMPARE(globals().gDbPassword, u"password"_s);
+        QCOMPARE(child->mPassword, u"password"_s);
+        QCOMPARE(child->Data1->Connect, u";pwd=password"_s);
+        QVERIFY(child->Data1->Recordset());
+        QVERIFY(child->List1->count() > 1);
+
+        // The password stays for the next file: the same one opens without asking.
+        child->close();
+        QTRY_COMPARE(frame()->mChildCount, qint16(0));
+        QVERIFY(open(u"V2003_with-password.mdb"_s));
+        QCOMPARE(asked, 1);
+    }
+
+    void cancellingTheLoginClosesTheWindowWithTheMessage() {
+        skipWithoutShared(u"mdb/V2003_with-password.mdb"_s);
+        place(shared(u"mdb/V2003_with-password.mdb"_s));
+        answerModal<Login>([](Login* login) { login->Cancelbtn->click(); });
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(u"V2003_with-password.mdb"_s));
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(h->messages().texts(),
+                     QStringList{u"Quorvane could not open this Database Table"_s});
+        QTRY_COMPARE(frame()->mChildCount, qint16(0));
+        QVERIFY(!globals().gLoginOK);
+    }
+
+    void tablesThatCannotBeReadCloseTheirWindowWithTheMessage_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("garbage mdb") << u"broken.mdb"_s << QByteArray("not a database at all");
+        QTest::newRow("empty dbf") << u"empty.dbf"_s << QByteArray();
+        QTest::newRow("cut xls") << u"cut.xls"_s << QByteArray("\xD0\xCF\x11\xE0\xA1\xB1", 6);
+        QTest::newRow("garbage db") << u"broken.db"_s << QByteArray(300, '\x7f');
+        QTest::newRow("garbage wk4") << u"broken.wk4"_s << QByteArray(64, '\x01');
+    }
+
+    void tablesThatCannotBeReadCloseTheirWindowWithTheMessage() {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        h->folder().write(name, bytes);
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(name));
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(h->messages().texts(),
+                     QStringList{u"Quorvane could not open this Database Table"_s});
+        QTRY_COMPARE(frame()->mChildCount, qint16(0));
+        QCOMPARE(h->folder().read(name), bytes);
+    }
+
+    void aTableOfMoreThan251FieldsIsRefused() {
+        place(generated(u"WIDE251.XLS"_s));
+        place(generated(u"WIDE252.XLS"_s));
+        ChildFrm1* fits = open(u"WIDE251.XLS"_s);
+        QVERIFY(fits);
+        QCOMPARE(fits->MSFlexGrid1->model()->columnCount(), 251);
+        QVERIFY(h->messages().texts().isEmpty());
+        h->activateMain();
+        h->window()->DisplayImage(h->folder().file(u"WIDE252.XLS"_s));
+        QTRY_COMPARE(h->messages().texts(),
+                     QStringList{u"Quorvane could not open this Database Table"_s});
+        QTRY_COMPARE(frame()->mChildCount, qint16(1));
+    }
+
+    void excelParadoxAndLotusFilesOpenTheirFirstTable() {
+        place(generated(u"BOOK.XLS"_s));
+        ChildFrm1* book = open(u"BOOK.XLS"_s);
+        QVERIFY(book);
+        QCOMPARE(entries(book->List1), (QStringList{u"Prices$"_s, u"People$"_s, QString()}));
+        QCOMPARE(book->MSFlexGrid1->model()->index(1, 0).data().toString(), u"Gadget"_s);
+        book->List1_Click(1);
+        QCOMPARE(book->MSFlexGrid1->model()->index(0, 0).data().toString(), u"Zoë"_s);
+
+        if (QFileInfo::exists(shared(u"paradox/AREACODE.DB"_s))) {
+            place(shared(u"paradox/AREACODE.DB"_s), {u"AREACODE.PX"_s});
+            ChildFrm1* paradox = open(u"AREACODE.DB"_s);
+            QVERIFY(paradox);
+            QCOMPARE(paradox->mConnect, u"Paradox 5.x;"_s);
+            QVERIFY(paradox->MSFlexGrid1->model()->rowCount() > 0);
+            QVERIFY(!frame()->button(12)->isEnabled());
+        }
+        if (QFileInfo::exists(shared(u"lotus/testLotus123-lotusftp.wk4"_s))) {
+            place(shared(u"lotus/testLotus123-lotusftp.wk4"_s));
+            ChildFrm1* lotus = open(u"testLotus123-lotusftp.wk4"_s);
+            QVERIFY(lotus);
+            QCOMPARE(lotus->mConnect, u"Lotus WK4;"_s);
+            QVERIFY(lotus->MSFlexGrid1->model()->columnCount() > 0);
+        }
+        QVERIFY(h->messages().texts().isEmpty());
+    }
+};
+
+QTEST_MAIN(DatabaseWindowTest)
+#include "DatabaseWindowTest.moc"
