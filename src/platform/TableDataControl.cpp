@@ -7,12 +7,12 @@ TableDataControl::TableDataControl(QWidget* parent) : DataNavigator(parent) {}
 TableDataControl::~TableDataControl() = default;
 
 AppError TableDataControl::Refresh() {
-    // Let go of the old table first: the new one may be the same file.
-    closeRecordset();
     TableRecordset::Opened opened = TableRecordset::open(Connect, DatabaseName, RecordSource);
+    if (opened.error)
+        return opened.error; // what was shown stays
     m_recordset = std::move(opened.recordset);
     Q_EMIT recordsetChanged();
-    return opened.error;
+    return {};
 }
 
 void TableDataControl::closeRecordset() {

@@ -21,7 +21,7 @@ public:
     QString DatabaseName;
     QString RecordSource;
 
-    // Opens the record source again; on failure there is no recordset.
+    // Opens the record source again; on failure the records shown before stay.
     AppError Refresh();
     TableRecordset* Recordset() const { return m_recordset.get(); }
     // Lets go of the table's files.

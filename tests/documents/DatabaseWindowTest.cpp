@@ -39,8 +39,10 @@ class DatabaseWindowTest : public QObject {
 private:
     std::unique_ptr<MainWindowHarness> h;
 
-    MDIForm1* frame() {
-        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    static MDIForm1* frame() { return MainWindowHarness::frame(); }
+    ChildFrm1* open(const QString& name) { return h->openDocument(name); }
+    static QAction* menu(ChildFrm1* child, const char* name) {
+        return MainWindowHarness::menu(child, name);
     }
 
     // Copies a table file and its companions into the program folder under the same names.
@@ -48,29 +50,6 @@ private:
         const QFileInfo info(source);
         for (const QString& name : QStringList{info.fileName()} + companions)
             QFile::copy(info.absoluteDir().filePath(name), h->folder().file(name));
-    }
-
-    // Displays a file from the main window and waits for its document window.
-    ChildFrm1* open(const QString& name) {
-        const qint16 before = frame() ? frame()->mChildCount : 0;
-        h->activateMain();
-        h->window()->DisplayImage(h->folder().file(name));
-        if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
-            return nullptr;
-        // Without a window manager nothing hands the activation back after a dialog.
-        if (!QApplication::activeWindow())
-            frame()->activateWindow();
-        if (!QTest::qWaitForWindowActive(frame()))
-            return nullptr;
-        return frame()->activeChild();
-    }
-
-    static QAction* menu(ChildFrm1* child, const char* name) {
-        for (QMenu* m : child->menus()) {
-            if (auto* action = m->findChild<QAction*>(QString::fromLatin1(name)))
-                return action;
-        }
-        return nullptr;
     }
 
     static QStringList entries(const QListWidget* list) {

@@ -27,27 +27,10 @@ class PictureWindowTest : public QObject {
 private:
     std::unique_ptr<MainWindowHarness> h;
 
-    MDIForm1* frame() {
-        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
-    }
-
-    ChildFrm1* open(const QString& name) {
-        const qint16 before = frame() ? frame()->mChildCount : 0;
-        h->activateMain();
-        h->window()->DisplayImage(h->folder().file(name));
-        if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
-            return nullptr;
-        if (!QTest::qWaitForWindowActive(frame()))
-            return nullptr;
-        return frame()->activeChild();
-    }
-
+    static MDIForm1* frame() { return MainWindowHarness::frame(); }
+    ChildFrm1* open(const QString& name) { return h->openDocument(name); }
     static QAction* menu(ChildFrm1* child, const char* name) {
-        for (QMenu* m : child->menus()) {
-            if (auto* action = m->findChild<QAction*>(QString::fromLatin1(name)))
-                return action;
-        }
-        return nullptr;
+        return MainWindowHarness::menu(child, name);
     }
 
 private Q_SLOTS:

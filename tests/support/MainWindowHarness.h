@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/ChildFrm1.h"
+#include "documents/MDIForm1.h"
 #include "platform/WindowRegistry.h"
 #include "settings/ColorsFile.h"
 #include "settings/OptionsFile.h"
@@ -8,8 +10,11 @@
 #include "support/RecordingMessages.h"
 #include "support/TempFolder.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
+#include <QMenu>
 #include <QTest>
 
 #include <memory>
@@ -55,6 +60,36 @@ public:
     }
 
     Quorvane1* window() const { return m_window.get(); }
+
+    // The document frame, while it is open.
+    static MDIForm1* frame() {
+        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+
+    // Displays a file of the program folder from the main window, as a double click would, and
+    // returns its document window once the frame is active with it; null if none came.
+    ChildFrm1* openDocument(const QString& name) {
+        const qint16 before = frame() ? frame()->mChildCount : 0;
+        activateMain();
+        m_window->DisplayImage(m_dir->file(name));
+        if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
+            return nullptr;
+        // Without a window manager nothing hands the activation back after a dialog.
+        if (!QApplication::activeWindow())
+            frame()->activateWindow();
+        if (!QTest::qWaitForWindowActive(frame()))
+            return nullptr;
+        return frame()->activeChild();
+    }
+
+    // A command of a document window's menus.
+    static QAction* menu(ChildFrm1* child, const char* name) {
+        for (QMenu* m : child->menus()) {
+            if (auto* action = m->findChild<QAction*>(QString::fromLatin1(name)))
+                return action;
+        }
+        return nullptr;
+    }
     RecordingMessages& messages() { return **m_messages; }
     TempFolder& folder() { return *m_dir; }
 
