@@ -1,5 +1,7 @@
 #include "platform/tables/AccessReader.h"
 
+#include "platform/tables/AccessIndex.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -34,24 +36,31 @@ QByteArray rc4(const QByteArray& key, const QByteArray& data) {
     return out;
 }
 
+// Reads a table's columns; false when libmdb could not, which leaves a column count it would
+// go on to trust, or for more columns than Jet allows a table (255): a damaged definition that
+// would have every row read as thousands of cells.
+bool readColumns(MdbTableDef* table) {
+    constexpr guint MostColumns = 255;
+    if (table->num_cols > MostColumns)
+        return false;
+    return mdb_read_columns(table) && table->columns && table->columns->len == table->num_cols;
+}
+
 MdbHandle* handleOf(void* handle) {
     return static_cast<MdbHandle*>(handle);
 }
 
-// A row's place in the file: its data page and its number on that page.
-struct RowPlace {
-    quint32 page;
-    quint16 row;
-};
+using AccessIndex::RowPlace;
 
 // The rows of one table, read through a handle of its own, so that rows read for one table
 // never disturb the page another is reading. In stored order the rows are fetched one after
 // another; in an index's order each row is read at its place, from the places the index gave.
 class AccessRows final : public TableRows {
 public:
-    AccessRows(MdbHandle* mdb, MdbTableDef* table, std::optional<std::vector<RowPlace>> order)
+    AccessRows(MdbHandle* mdb, MdbTableDef* table, std::optional<std::vector<RowPlace>> order,
+               qint64 pages)
         : m_mdb(mdb), m_table(table), m_columns(static_cast<int>(table->num_cols)),
-          m_order(std::move(order)) {
+          m_order(std::move(order)), m_pages(pages) {
         m_buffers.resize(m_columns);
         m_lengths.resize(m_columns);
         for (int i = 0; i < m_columns; ++i) {
@@ -66,7 +75,14 @@ public:
     }
 
     qint64 count() const override {
-        return m_order ? static_cast<qint64>(m_order->size()) : m_table->num_rows;
+        if (m_order)
+            return static_cast<qint64>(m_order->size());
+        // libmdb finds the stored rows through the table's page usage map, and reads it without
+        // looking: a map that could not be read leaves the table without rows. A damaged count
+        // is held to what the file has room for: each row takes two bytes of its page at least.
+        if (!m_table->usage_map || m_table->map_sz < 5)
+            return 0;
+        return std::min<qint64>(m_table->num_rows, m_pages * (m_mdb->fmt->pg_size / 2));
     }
 
     QStringList row(qint64 index) override {
@@ -117,14 +133,15 @@ private:
     MdbTableDef* m_table;
     int m_columns;
     std::optional<std::vector<RowPlace>> m_order;
+    qint64 m_pages; // in the file
     QList<QByteArray> m_buffers;
     QList<int> m_lengths;
     qint64 m_next = 0;
 };
 
-// The places of a table's rows in the order of one of its indexes, walked through libmdb's
-// index pages. At most one place per row the file has room for: a damaged index that goes round
-// in circles ends there.
+// The places of a table's rows in the order of one of its indexes, read from the index's pages
+// by AccessIndex: libmdb's own index walk trusts every page it reads, and a damaged index can
+// crash it or end the process.
 std::optional<std::vector<RowPlace>> indexOrder(MdbHandle* mdb, MdbTableDef* table,
                                                 const QString& name, qint64 fileSize) {
     mdb_read_indices(table);
@@ -136,30 +153,22 @@ std::optional<std::vector<RowPlace>> indexOrder(MdbHandle* mdb, MdbTableDef* tab
             break;
         }
     }
-    if (!index || index->num_keys == 0 || index->num_keys > MDB_MAX_IDX_COLS)
+    if (!index)
         return std::nullopt;
-    // libmdb looks the key columns up by number without checking them.
-    for (unsigned k = 0; k < index->num_keys; ++k) {
-        if (index->key_col_num[k] < 1 ||
-            static_cast<guint>(index->key_col_num[k]) > table->num_cols)
-            return std::nullopt;
-    }
-    const qint64 pageSize = mdb->fmt->pg_size;
-    if (index->first_pg == 0 || qint64(index->first_pg) * pageSize >= fileSize)
+    const AccessIndex::Layout layout = AccessIndex::layoutFor(!IS_JET3(mdb));
+    if (mdb->fmt->pg_size != layout.pageSize)
         return std::nullopt;
-    const qint64 most = std::min<qint64>(table->num_rows, (fileSize / pageSize) * (pageSize / 2));
-    MdbHandle* walker = mdb_clone_handle(mdb);
-    auto* chain = static_cast<MdbIndexChain*>(g_malloc0(sizeof(MdbIndexChain)));
-    std::vector<RowPlace> order;
-    if (mdb_read_pg(walker, index->first_pg) > 0) {
-        guint32 page = 0;
-        guint16 row = 0;
-        while (qint64(order.size()) < most &&
-               mdb_index_find_next(walker, index, chain, &page, &row))
-            order.push_back({page, row});
-    }
-    g_free(chain);
-    mdb_close(walker);
+    MdbHandle* pages = mdb_clone_handle(mdb);
+    const AccessIndex::PageReader read = [pages, &layout](quint32 page, QByteArray* bytes) {
+        if (mdb_read_pg(pages, page) != layout.pageSize)
+            return false;
+        *bytes = QByteArray(reinterpret_cast<const char*>(pages->pg_buf), layout.pageSize);
+        return true;
+    };
+    std::vector<RowPlace> order = AccessIndex::rowOrder(
+        read, layout, index->first_pg, static_cast<quint32>(table->entry->table_pg),
+        static_cast<quint32>(fileSize / layout.pageSize));
+    mdb_close(pages);
     return order;
 }
 
@@ -238,7 +247,11 @@ TableReader::Opened AccessReader::openFile(const QString& path, const QString& p
         def.attributes =
             mdb_is_system_table(entry) ? static_cast<qint32>(0x80000002U) : entry->flags;
         if (MdbTableDef* table = mdb_read_table(entry)) {
-            mdb_read_columns(table);
+            if (!readColumns(table)) {
+                mdb_free_tabledef(table);
+                reader->m_defs.append(def);
+                continue;
+            }
             for (guint c = 0; c < table->num_cols; ++c) {
                 auto* column = static_cast<MdbColumn*>(g_ptr_array_index(table->columns, c));
                 // Jet's own type numbers are those of the data access objects.
@@ -280,7 +293,11 @@ std::unique_ptr<TableRows> AccessReader::rows(const QString& table, const QStrin
             mdb_close(own);
             return nullptr;
         }
-        mdb_read_columns(def);
+        if (!readColumns(def)) {
+            mdb_free_tabledef(def);
+            mdb_close(own);
+            return nullptr;
+        }
         std::optional<std::vector<RowPlace>> order;
         if (!index.isEmpty()) {
             order = indexOrder(own, def, index, m_fileSize);
@@ -290,7 +307,8 @@ std::unique_ptr<TableRows> AccessReader::rows(const QString& table, const QStrin
                 return nullptr;
             }
         }
-        return std::make_unique<AccessRows>(own, def, std::move(order));
+        return std::make_unique<AccessRows>(own, def, std::move(order),
+                                            m_fileSize / own->fmt->pg_size);
     }
     return nullptr;
 }
