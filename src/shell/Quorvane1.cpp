@@ -364,6 +364,11 @@ QAction* Quorvane1::command(const char* name) const {
     return findChild<QAction*>(QString::fromLatin1(name));
 }
 
+void Quorvane1::setFilterRow(int row) {
+    if (row >= 0 && row < CMBFILEFLTR->count())
+        CMBFILEFLTR->setCurrentIndex(row);
+}
+
 void Quorvane1::setMenuChecked(const char* name, bool checked) {
     if (QAction* action = command(name)) {
         action->setCheckable(true);

@@ -104,6 +104,8 @@ protected:
 public:
     // Checks or clears a command of the menus, for the document windows that share it.
     void setMenuChecked(const char* name, bool checked);
+    // Chooses a row of the file filter list, which filters the file list.
+    void setFilterRow(int row);
 
 private:
     void buildControls();
