@@ -24,6 +24,43 @@ bool hidden(const fs::path& name) {
     return !text.empty() && text.front() == '.';
 }
 
+void sortByName(std::vector<std::unique_ptr<ShellNamespace::Node>>& nodes) {
+    std::sort(nodes.begin(), nodes.end(), [](const auto& a, const auto& b) {
+        const int byName = a->displayName.compare(b->displayName, Qt::CaseInsensitive);
+        return byName != 0 ? byName < 0 : a->displayName < b->displayName;
+    });
+}
+
+// File systems reached over a network, by their type in the mount table.
+bool isNetworkType(const QByteArray& type) {
+    static const QByteArrayList types = {
+        "nfs",        "nfs4",  "cifs",        "smb3",           "smbfs",       "ncpfs",
+        "9p",         "afs",   "ceph",        "glusterfs",      "lustre",      "davfs",
+        "fuse.sshfs", "sshfs", "fuse.davfs2", "fuse.glusterfs", "fuse.rclone", "fuse.s3fs"};
+    return types.contains(type);
+}
+
+// A field of the mount table, whose blanks, tabs, new lines and backslashes are written as
+// octal escapes ("\040").
+QByteArray unescapeMountField(const QByteArray& field) {
+    QByteArray text;
+    text.reserve(field.size());
+    for (qsizetype i = 0; i < field.size(); ++i) {
+        if (field[i] == '\\' && i + 3 < field.size() && field[i + 1] >= '0' &&
+            field[i + 1] <= '3') {
+            bool ok = false;
+            const int code = field.mid(i + 1, 3).toInt(&ok, 8);
+            if (ok) {
+                text.append(static_cast<char>(code));
+                i += 3;
+                continue;
+            }
+        }
+        text.append(field[i]);
+    }
+    return text;
+}
+
 } // namespace
 
 ShellNamespace::ShellNamespace(const QString& rootPath) : m_root(std::make_unique<Node>()) {
@@ -53,11 +90,56 @@ int ShellNamespace::indexOfPath(const QString& path) const {
     return -1;
 }
 
+QString ShellNamespace::networkName() {
+    return QStringLiteral("Network");
+}
+
+void ShellNamespace::setNetworkMounts(const QStringList& mountPoints) {
+    m_networkMounts = mountPoints;
+}
+
+QStringList ShellNamespace::networkMountPoints(const QByteArray& mountTable) {
+    QStringList mountPoints;
+    for (const QByteArray& line : mountTable.split('\n')) {
+        const QList<QByteArray> fields = line.simplified().split(' ');
+        if (fields.size() < 3 || !isNetworkType(fields[2]))
+            continue;
+        const QString mountPoint = QFile::decodeName(unescapeMountField(fields[1]));
+        if (!mountPoint.isEmpty() && !mountPoints.contains(mountPoint))
+            mountPoints.append(mountPoint);
+    }
+    return mountPoints;
+}
+
+QStringList ShellNamespace::currentNetworkMounts() const {
+    if (m_networkMounts)
+        return *m_networkMounts;
+    if (m_root->path != u"/")
+        return {};
+    QFile table(QStringLiteral("/proc/self/mounts"));
+    if (!table.open(QIODevice::ReadOnly))
+        return {};
+    return networkMountPoints(table.readAll());
+}
+
 void ShellNamespace::readChildren(Node* node) {
     if (node->m_childrenRead)
         return;
     node->m_childrenRead = true;
     node->m_children.clear();
+    if (node->isNetwork) {
+        for (const QString& mountPoint : m_shownMounts) {
+            auto child = std::make_unique<Node>();
+            child->path = mountPoint;
+            child->displayName = displayNameOf(mountPoint);
+            child->depth = node->depth + 1;
+            child->parent = node;
+            node->m_children.push_back(std::move(child));
+        }
+        sortByName(node->m_children);
+        node->m_hasChildren = !node->m_children.empty();
+        return;
+    }
     if (node->path.isEmpty() || node->isLink)
         return;
     std::error_code error;
@@ -78,10 +160,20 @@ void ShellNamespace::readChildren(Node* node) {
             child->m_hasChildren = false;
         node->m_children.push_back(std::move(child));
     }
-    std::sort(node->m_children.begin(), node->m_children.end(), [](const auto& a, const auto& b) {
-        const int byName = a->displayName.compare(b->displayName, Qt::CaseInsensitive);
-        return byName != 0 ? byName < 0 : a->displayName < b->displayName;
-    });
+    sortByName(node->m_children);
+    if (node == m_root.get()) {
+        m_shownMounts = currentNetworkMounts();
+        if (!m_shownMounts.isEmpty()) {
+            auto network = std::make_unique<Node>();
+            network->displayName = networkName();
+            network->isFileSystem = false;
+            network->isNetwork = true;
+            network->depth = node->depth + 1;
+            network->parent = node;
+            network->m_hasChildren = true;
+            node->m_children.push_back(std::move(network));
+        }
+    }
     node->m_hasChildren = !node->m_children.empty();
 }
 
@@ -96,6 +188,11 @@ bool ShellNamespace::hasChildren(int index) {
     Node* node = m_list.at(static_cast<size_t>(index));
     if (node->m_hasChildren)
         return *node->m_hasChildren;
+    if (node == m_root.get()) {
+        // The network node may be the root's only child.
+        readChildren(node);
+        return !node->m_children.empty();
+    }
     if (node->path.isEmpty() || node->isLink) {
         node->m_hasChildren = false;
         return false;

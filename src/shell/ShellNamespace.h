@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -10,6 +11,10 @@
 // expanded node right behind it. Folders are read synchronously from the file system when a
 // node is expanded; a folder that cannot be read simply has no children. Symbolic links to
 // folders are leaves, so that no walk over the list can loop.
+//
+// When network file systems are mounted, the root has one more child after its folders: the
+// node "Network", which is no folder (empty path, not a file-system node) and whose children
+// are the mount points of those file systems.
 class ShellNamespace {
 public:
     struct Node {
@@ -17,6 +22,7 @@ public:
         QString displayName;
         bool isFileSystem = true;
         bool isLink = false;
+        bool isNetwork = false; // the node "Network"
         bool expanded = false;
         int depth = 0;
         Node* parent = nullptr;
@@ -56,9 +62,22 @@ public:
 
     static QString displayNameOf(const QString& path);
 
+    // The name of the network node.
+    static QString networkName();
+    // Shows these mount points under the network node instead of the network file systems
+    // read from /proc/self/mounts (which only a tree rooted at "/" reads). An empty list
+    // leaves the node out. Takes effect when the root's folder is read next.
+    void setNetworkMounts(const QStringList& mountPoints);
+    // The mount points of network file systems (NFS, SMB, SSHFS, WebDAV, 9P, ...) in a mount
+    // table in the format of /proc/self/mounts, each once, in the table's order.
+    static QStringList networkMountPoints(const QByteArray& mountTable);
+
 private:
     void readChildren(Node* node);
+    QStringList currentNetworkMounts() const;
 
     std::unique_ptr<Node> m_root;
     std::vector<Node*> m_list;
+    std::optional<QStringList> m_networkMounts;
+    QStringList m_shownMounts; // the network node's children, taken when the root was read
 };

@@ -81,6 +81,8 @@ QVariant ShellTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return node->path;
     case Qt::DecorationRole:
+        if (node->isNetwork)
+            return QApplication::style()->standardIcon(QStyle::SP_DriveNetIcon);
         return QApplication::style()->standardIcon(node->isLink ? QStyle::SP_DirLinkIcon
                                                                 : QStyle::SP_DirIcon);
     default:

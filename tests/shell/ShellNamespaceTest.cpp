@@ -110,3 +110,52 @@ TEST_F(NamespaceFixture, NamesWithAnyBytesAreListed) {
     for (int i = 0; i < ns.count(); ++i)
         EXPECT_FALSE(ns.node(i).displayName.isEmpty());
 }
+
+TEST_F(NamespaceFixture, MountedNetworkFoldersComeUnderTheNetworkNodeAfterTheRootsFolders) {
+    TempFolder net;
+    ASSERT_TRUE(QDir(net.path()).mkpath(u"zeta/inner"_s));
+    ASSERT_TRUE(QDir(net.path()).mkpath(u"alpha"_s));
+    ShellNamespace ns(dir.path());
+    ns.setNetworkMounts({net.file(u"zeta"_s), net.file(u"alpha"_s)});
+    EXPECT_EQ(ns.expand(0), 4);
+    const ShellNamespace::Node& network = ns.node(4);
+    EXPECT_TRUE(network.isNetwork);
+    EXPECT_FALSE(network.isFileSystem);
+    EXPECT_TRUE(network.path.isEmpty());
+    EXPECT_EQ(network.displayName, ShellNamespace::networkName());
+    EXPECT_TRUE(ns.hasChildren(4));
+    EXPECT_EQ(ns.expand(4), 2);
+    EXPECT_EQ(shownNames(ns).mid(4), (QStringList{u".Network"_s, u"..alpha"_s, u"..zeta"_s}));
+    EXPECT_EQ(ns.node(6).path, net.file(u"zeta"_s));
+    EXPECT_TRUE(ns.node(6).isFileSystem);
+    EXPECT_EQ(ns.expand(6), 1);
+
+    // Without network file systems there is no network node.
+    ns.setNetworkMounts({});
+    ns.forget(0);
+    EXPECT_EQ(ns.expand(0), 3);
+    EXPECT_EQ(ns.indexOfPath(QString()), -1);
+}
+
+TEST_F(NamespaceFixture, ARootWithOnlyTheNetworkNodeHasChildren) {
+    TempFolder empty;
+    ShellNamespace ns(empty.path());
+    EXPECT_FALSE(ShellNamespace(empty.path()).hasChildren(0));
+    ns.setNetworkMounts({dir.path()});
+    EXPECT_TRUE(ns.hasChildren(0));
+    EXPECT_EQ(ns.expand(0), 1);
+    EXPECT_TRUE(ns.node(1).isNetwork);
+}
+
+TEST(NetworkMountsTest, OnlyNetworkFileSystemsOfTheMountTableAreTaken) {
+    const QByteArray table = "/dev/sda1 / ext4 rw,relatime 0 0\n"
+                             "proc /proc proc rw 0 0\n"
+                             "server:/export /mnt/nfs nfs4 rw,vers=4.2 0 0\n"
+                             "//nas/Public\\040Share /mnt/my\\040share cifs rw 0 0\n"
+                             "user@host:/home /home/me/remote fuse.sshfs rw 0 0\n"
+                             "server:/export /mnt/nfs nfs4 rw,vers=4.2 0 0\n"
+                             "tmpfs /run tmpfs rw 0 0\n";
+    EXPECT_EQ(ShellNamespace::networkMountPoints(table),
+              (QStringList{u"/mnt/nfs"_s, u"/mnt/my share"_s, u"/home/me/remote"_s}));
+    EXPECT_TRUE(ShellNamespace::networkMountPoints(QByteArray()).isEmpty());
+}
