@@ -193,10 +193,12 @@ void readEverything(const TempFolder& dir, const QString& table, const std::stri
             ASSERT_TRUE(opened.reader) << what;
             const QList<TableDef> defs = opened.reader->tableDefs();
             ASSERT_EQ(defs.size(), 1) << what;
-            std::unique_ptr<TableRows> rows = opened.reader->rows(defs.first().name, QString());
-            for (qint64 i = 0; i < rows->count(); ++i) {
-                const QStringList row = rows->row(i);
-                EXPECT_TRUE(row.isEmpty() || row.size() == defs.first().fields.size()) << what;
+            for (const QString& index : QStringList{QString()} + defs.first().indexes) {
+                std::unique_ptr<TableRows> rows = opened.reader->rows(defs.first().name, index);
+                for (qint64 i = 0; i < rows->count(); ++i) {
+                    const QStringList row = rows->row(i);
+                    EXPECT_TRUE(row.isEmpty() || row.size() == defs.first().fields.size()) << what;
+                }
             }
         }
     }
@@ -226,4 +228,201 @@ TEST(ParadoxReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
             }
         }
     }
+}
+
+namespace {
+
+constexpr qsizetype HeaderBytes = 0x800; // of every sample
+constexpr qsizetype BlockBytes = 0x800;
+
+qsizetype blockAt(int block) {
+    return HeaderBytes + (block - 1) * BlockBytes;
+}
+
+void putShort(QByteArray& bytes, qsizetype at, int value) {
+    bytes[at] = char(value & 0xFF);
+    bytes[at + 1] = char((value >> 8) & 0xFF);
+}
+
+// Links a table's data blocks in the given order.
+void link(QByteArray& table, const QList<int>& blocks) {
+    putShort(table, 0x0E, blocks.first());
+    putShort(table, 0x10, blocks.last());
+    for (qsizetype i = 0; i < blocks.size(); ++i) {
+        putShort(table, blockAt(blocks[i]), i + 1 < blocks.size() ? blocks[i + 1] : 0);
+        putShort(table, blockAt(blocks[i]) + 2, i > 0 ? blocks[i - 1] : 0);
+    }
+}
+
+qsizetype recordAt(int block, int slot, int recordBytes) {
+    return blockAt(block) + 6 + qsizetype(slot) * recordBytes;
+}
+
+void swapRecords(QByteArray& table, qsizetype a, qsizetype b, int recordBytes) {
+    const QByteArray first = table.mid(a, recordBytes);
+    table.replace(a, recordBytes, table.mid(b, recordBytes));
+    table.replace(b, recordBytes, first);
+}
+
+QStringList column(TableRows& rows, int field) {
+    QStringList cells;
+    for (qint64 i = 0; i < rows.count(); ++i)
+        cells.append(rows.row(i).value(field));
+    return cells;
+}
+
+QStringList primaryKeyColumn(const QString& path, int field) {
+    TableReader::Opened opened = openParadox(path);
+    if (opened.error)
+        return {};
+    const TableDef def = opened.reader->tableDefs().first();
+    if (!def.indexes.contains(u"PrimaryKey"_s))
+        return {};
+    return column(*opened.reader->rows(def.name, u"PrimaryKey"_s), field);
+}
+
+QStringList storedColumn(const QString& path, int field) {
+    TableReader::Opened opened = openParadox(path);
+    if (opened.error)
+        return {};
+    return column(*opened.reader->rows(opened.reader->tableDefs().first().name, {}), field);
+}
+
+} // namespace
+
+TEST(ParadoxReader, KeyedSamplesListTheirPrimaryKeyAndGiveTheirRowsInItsOrder) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Paradox samples are absent";
+    // Area codes, one key field of three letters, in four blocks linked in their order.
+    const QStringList areas = primaryKeyColumn(paradox(u"AREACODE.DB"_s), 0);
+    ASSERT_EQ(areas.size(), 135);
+    EXPECT_EQ(areas.first(5), (QStringList{u"201"_s, u"202"_s, u"203"_s, u"204"_s, u"205"_s}));
+    EXPECT_EQ(areas[36], u"402"_s); // the first of the second block
+    EXPECT_EQ(areas[72], u"602"_s); // the first of the third block
+    EXPECT_EQ(areas.last(), u"919"_s);
+    EXPECT_EQ(areas, storedColumn(paradox(u"AREACODE.DB"_s), 0));
+
+    // An autoincrement key with its .PX index.
+    EXPECT_EQ(primaryKeyColumn(paradox(u"memo.db"_s), 0), (QStringList{u"1"_s, u"2"_s}));
+
+    // Two key fields, an alpha and a number, and no .PX file beside the table.
+    EXPECT_EQ(primaryKeyColumn(paradox(u"TypSammlung.DB"_s), 0),
+              (QStringList{u"AAA Irgendein Text"_s, u"Erste Zeile"_s, u"F\u00fcnfter Datensatz"_s,
+                           u"Null-Werte"_s, u"Zweite Zeile"_s}));
+
+    // No key fields: no index, and the name of one changes nothing.
+    TableReader::Opened plain = openParadox(paradox(u"encrypted35.db"_s));
+    ASSERT_FALSE(plain.error);
+    const TableDef def = plain.reader->tableDefs().first();
+    EXPECT_TRUE(def.indexes.isEmpty());
+    const QStringList named = column(*plain.reader->rows(def.name, u"PrimaryKey"_s), 1);
+    EXPECT_EQ(named.value(0), u"Test 1"_s);
+    EXPECT_EQ(named, column(*plain.reader->rows(def.name, QString()), 1));
+}
+
+TEST(ParadoxReader, RecordsOutOfKeyOrderAreSortedByTheKeyInTheTablesSortOrder) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Paradox samples are absent";
+    TempFolder dir;
+    // The area codes' blocks linked 1, 3, 2, 4, two records of the first block swapped and two
+    // codes with letters in them: the "ascii" sort order puts capitals before small letters.
+    QByteArray areas = bytesOf(paradox(u"AREACODE.DB"_s));
+    link(areas, {1, 3, 2, 4});
+    swapRecords(areas, recordAt(1, 0, 56), recordAt(1, 5, 56), 56);
+    areas.replace(recordAt(1, 1, 56), 3, "b02");
+    areas.replace(recordAt(1, 2, 56), 3, "C03");
+    dir.write(u"AREACODE.DB"_s, areas);
+    dir.write(u"AREACODE.PX"_s, bytesOf(paradox(u"AREACODE.PX"_s)));
+    const QStringList stored = storedColumn(dir.file(u"AREACODE.DB"_s), 0);
+    ASSERT_EQ(stored.size(), 135);
+    EXPECT_EQ(stored.first(3), (QStringList{u"206"_s, u"b02"_s, u"C03"_s}));
+    EXPECT_EQ(stored[36], u"602"_s);
+    const QStringList keyed = primaryKeyColumn(dir.file(u"AREACODE.DB"_s), 0);
+    ASSERT_EQ(keyed.size(), 135);
+    EXPECT_EQ(keyed.first(5), (QStringList{u"201"_s, u"204"_s, u"205"_s, u"206"_s, u"207"_s}));
+    EXPECT_EQ(keyed[34], u"402"_s);
+    EXPECT_EQ(keyed[70], u"602"_s);
+    EXPECT_EQ(keyed.last(3), (QStringList{u"919"_s, u"C03"_s, u"b02"_s}));
+    QStringList sorted = keyed;
+    std::sort(sorted.begin(), sorted.end());
+    EXPECT_EQ(keyed, sorted);
+
+    // The memo table's two records swapped: the autoincrement key puts them back.
+    QByteArray memo = bytesOf(paradox(u"memo.db"_s));
+    swapRecords(memo, recordAt(1, 0, 254), recordAt(1, 1, 254), 254);
+    dir.write(u"memo.db"_s, memo);
+    dir.write(u"memo.px"_s, bytesOf(paradox(u"memo.px"_s)));
+    dir.write(u"memo.mb"_s, bytesOf(paradox(u"memo.mb"_s)));
+    EXPECT_EQ(storedColumn(dir.file(u"memo.db"_s), 0), (QStringList{u"2"_s, u"1"_s}));
+    TableReader::Opened opened = openParadox(dir.file(u"memo.db"_s));
+    ASSERT_FALSE(opened.error);
+    std::unique_ptr<TableRows> rows = opened.reader->rows(u"memo.db"_s, u"primarykey"_s);
+    EXPECT_EQ(rows->row(0), (QStringList{u"1"_s, fiveLines()}));
+    EXPECT_EQ(rows->row(1), (QStringList{u"2"_s, u"01234567890\n"_s}));
+}
+
+TEST(ParadoxReader, AKeyOfTextAndANumberSortsTheNumbersAsNumbersAndBlanksFirst) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Paradox samples are absent";
+    constexpr int RecordBytes = 366;
+    const QByteArray good = bytesOf(paradox(u"TypSammlung.DB"_s));
+    TempFolder dir;
+    // Every record's text the same: the numbers 40, 23, 1.34, 0 and -40 decide, the blank
+    // first.
+    QByteArray same = good;
+    for (int i = 0; i < 5; ++i)
+        same.replace(recordAt(1, i, RecordBytes), 30, QByteArray("Gleich").leftJustified(30, '\0'));
+    same.replace(recordAt(1, 3, RecordBytes) + 30, 8, QByteArray(8, '\0'));
+    dir.write(u"same.db"_s, same);
+    EXPECT_EQ(storedColumn(dir.file(u"same.db"_s), 1),
+              (QStringList{u"40"_s, u"23"_s, u"1.34"_s, QString(), u"-40"_s}));
+    EXPECT_EQ(primaryKeyColumn(dir.file(u"same.db"_s), 1),
+              (QStringList{QString(), u"-40"_s, u"1.34"_s, u"23"_s, u"40"_s}));
+
+    // The table's sort order is a language's (0x62 in its header): small and capital letters and
+    // letters with accents sort together.
+    ASSERT_EQ(good[0x29], char(0x62));
+    QByteArray cases = good;
+    cases.replace(recordAt(1, 0, RecordBytes), 3, "aaa");
+    cases.replace(recordAt(1, 1, RecordBytes), 1, "e");
+    swapRecords(cases, recordAt(1, 0, RecordBytes), recordAt(1, 4, RecordBytes), RecordBytes);
+    dir.write(u"cases.db"_s, cases);
+    EXPECT_EQ(primaryKeyColumn(dir.file(u"cases.db"_s), 0),
+              (QStringList{u"aaa Irgendein Text"_s, u"erste Zeile"_s, u"F\u00fcnfter Datensatz"_s,
+                           u"Null-Werte"_s, u"Zweite Zeile"_s}));
+    // In the "ascii" order the capitals come first.
+    cases[0x29] = 0;
+    dir.write(u"cases.db"_s, cases);
+    EXPECT_EQ(primaryKeyColumn(dir.file(u"cases.db"_s), 0),
+              (QStringList{u"F\u00fcnfter Datensatz"_s, u"Null-Werte"_s, u"Zweite Zeile"_s,
+                           u"aaa Irgendein Text"_s, u"erste Zeile"_s}));
+}
+
+TEST(ParadoxReader, ADamagedChainOrIndexLeavesTheStoredOrder) {
+    if (!haveSamples())
+        GTEST_SKIP() << "the shared Paradox samples are absent";
+    QByteArray disordered = bytesOf(paradox(u"AREACODE.DB"_s));
+    swapRecords(disordered, recordAt(1, 0, 56), recordAt(1, 5, 56), 56);
+    TempFolder dir;
+    dir.write(u"AREACODE.PX"_s, QByteArray(3072, char(0xFF))); // an index of nothing readable
+
+    // The chain misses the second block: its records are not where the header counts them.
+    QByteArray skipping = disordered;
+    link(skipping, {1, 3, 4});
+    // The first block claims more records than it can hold.
+    QByteArray overfull = disordered;
+    putShort(overfull, blockAt(1) + 4, 40 * 56);
+    // The header counts more records than the chain holds.
+    QByteArray overcounted = disordered;
+    putShort(overcounted, 6, 200);
+    for (const QByteArray& table : {skipping, overfull, overcounted}) {
+        dir.write(u"AREACODE.DB"_s, table);
+        const QStringList stored = storedColumn(dir.file(u"AREACODE.DB"_s), 0);
+        ASSERT_FALSE(stored.isEmpty());
+        EXPECT_EQ(primaryKeyColumn(dir.file(u"AREACODE.DB"_s), 0), stored);
+    }
+    // The damaged index alone changes nothing: the order is the table's own.
+    dir.write(u"AREACODE.DB"_s, disordered);
+    EXPECT_EQ(primaryKeyColumn(dir.file(u"AREACODE.DB"_s), 0).first(2),
+              (QStringList{u"201"_s, u"202"_s}));
 }

@@ -2,6 +2,8 @@
 
 #include "platform/tables/CompanionFile.h"
 #include "platform/tables/ParadoxBlobFile.h"
+#include "platform/tables/ParadoxCodePage.h"
+#include "platform/tables/ParadoxKeyOrder.h"
 
 #include <QDate>
 #include <QFile>
@@ -10,8 +12,6 @@
 
 #include <cstdlib>
 #include <cstring>
-
-#include <iconv.h>
 
 extern "C" {
 #include <paradox.h>
@@ -63,49 +63,20 @@ qint16 daoType(int type) {
     }
 }
 
-// Text in a DOS or Windows code page, as UTF-16; Latin-1 when the code page is unknown.
-class CodePage {
-public:
-    explicit CodePage(int number) {
-        if (number > 0)
-            m_convert = iconv_open("UTF-8", QByteArray("CP" + QByteArray::number(number)).data());
-    }
-    ~CodePage() {
-        if (m_convert != reinterpret_cast<iconv_t>(-1))
-            iconv_close(m_convert);
-    }
-    CodePage(const CodePage&) = delete;
-    CodePage& operator=(const CodePage&) = delete;
-
-    QString decode(QByteArray bytes) const {
-        bytes.truncate(static_cast<qsizetype>(qstrnlen(bytes.constData(), bytes.size())));
-        if (m_convert == reinterpret_cast<iconv_t>(-1))
-            return QString::fromLatin1(bytes);
-        QByteArray out(bytes.size() * 4 + 4, '\0');
-        char* in = bytes.data();
-        size_t inLeft = static_cast<size_t>(bytes.size());
-        char* to = out.data();
-        size_t outLeft = static_cast<size_t>(out.size());
-        iconv(m_convert, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(m_convert, &in, &inLeft, &to, &outLeft) == static_cast<size_t>(-1))
-            return QString::fromLatin1(bytes);
-        out.truncate(out.size() - static_cast<qsizetype>(outLeft));
-        return QString::fromUtf8(out);
-    }
-
-private:
-    iconv_t m_convert = reinterpret_cast<iconv_t>(-1);
-};
+const QString PrimaryKey = QStringLiteral("PrimaryKey");
 
 // The bytes of the pointer at the end of a memo or other long field.
 constexpr int BlobPointer = 10;
 
 class ParadoxRows final : public TableRows {
 public:
+    // order holds the numbers of the stored records in the order to give them; an empty one
+    // gives them as stored.
     ParadoxRows(pxdoc_t* doc, QList<int> types, QList<int> lengths,
-                std::shared_ptr<ParadoxBlobFile> blobs)
+                std::shared_ptr<ParadoxBlobFile> blobs, std::vector<quint32> order)
         : m_doc(doc), m_types(std::move(types)), m_lengths(std::move(lengths)),
-          m_blobs(std::move(blobs)), m_codePage(doc->px_head->px_doscodepage) {
+          m_blobs(std::move(blobs)), m_codePage(doc->px_head->px_doscodepage),
+          m_order(std::move(order)) {
         m_record.resize(doc->px_head->px_recordsize);
     }
 
@@ -113,8 +84,10 @@ public:
 
     QStringList row(qint64 index) override {
         QStringList cells;
-        if (index < 0 || index >= count() ||
-            !PX_get_record(m_doc, static_cast<int>(index), m_record.data()))
+        if (index < 0 || index >= count())
+            return cells;
+        const qint64 stored = m_order.empty() ? index : m_order[static_cast<size_t>(index)];
+        if (!PX_get_record(m_doc, static_cast<int>(stored), m_record.data()))
             return cells;
         int offset = 0;
         for (int i = 0; i < m_types.size(); ++i) {
@@ -229,7 +202,8 @@ private:
     QList<int> m_types;
     QList<int> m_lengths;
     std::shared_ptr<ParadoxBlobFile> m_blobs; // null without a readable memo file
-    CodePage m_codePage;
+    ParadoxCodePage m_codePage;
+    std::vector<quint32> m_order;
     QByteArray m_record;
 };
 
@@ -355,8 +329,11 @@ TableReader::Opened ParadoxReader::openFile(const QString& path) {
     if (!fields || count < 1 || used > reader->m_doc->px_head->px_recordsize ||
         reader->m_doc->px_head->px_recordsize <= 0)
         return opened;
-    if (!companionFile(path, QStringLiteral("PX")).isEmpty())
-        def.indexes.append(QStringLiteral("PrimaryKey"));
+    // The key is the table's own: its records are kept in its order whether or not the .PX
+    // index beside the table can be read.
+    if (ParadoxKeyOrder::keyFields(reader->m_doc) > 0)
+        def.indexes.append(PrimaryKey);
+    reader->m_path = path;
     opened.reader = std::move(reader);
     opened.error = AppError();
     return opened;
@@ -366,6 +343,10 @@ QList<TableDef> ParadoxReader::tableDefs() {
     return {m_def};
 }
 
-std::unique_ptr<TableRows> ParadoxReader::rows(const QString&, const QString&) {
-    return std::make_unique<ParadoxRows>(m_doc, m_types, m_lengths, m_blobs);
+std::unique_ptr<TableRows> ParadoxReader::rows(const QString&, const QString& index) {
+    std::vector<quint32> order;
+    if (!index.isEmpty() && index.compare(PrimaryKey, Qt::CaseInsensitive) == 0 &&
+        m_def.indexes.contains(PrimaryKey))
+        order = ParadoxKeyOrder::rowsInKeyOrder(m_path, m_doc, m_types, m_lengths);
+    return std::make_unique<ParadoxRows>(m_doc, m_types, m_lengths, m_blobs, std::move(order));
 }

@@ -7,8 +7,9 @@
 struct px_doc;
 class ParadoxBlobFile;
 
-// Paradox tables (.DB with .MB memos and the .PX primary index) through pxlib; memos are read
-// from the .MB file in our own code. Companion files are found whatever their letter case.
+// Paradox tables (.DB with .MB memos) through pxlib; memos are read from the .MB file in our own
+// code. Companion files are found whatever their letter case. A keyed table lists its primary
+// key as the index "PrimaryKey", whose order is read from the .DB file itself.
 class ParadoxReader final : public TableReader {
 public:
     static Opened openFile(const QString& path);
@@ -21,6 +22,7 @@ private:
     ParadoxReader() = default;
 
     px_doc* m_doc = nullptr;
+    QString m_path;
     TableDef m_def;
     QList<int> m_types;                       // pxlib's field types
     QList<int> m_lengths;                     // bytes of each field in a record
