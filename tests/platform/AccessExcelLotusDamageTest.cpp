@@ -120,6 +120,27 @@ TEST(AccessDamagedFiles, CutAndFlippedDatabasesFailOrRead) {
                       u".mdb"_s);
 }
 
+// Bytes flipped where libmdb reads the catalog's properties send it round and round for ever;
+// such a file is refused after a few seconds, like any other that cannot be read.
+TEST(AccessDamagedFiles, ACatalogThatNeverEndsIsRefused) {
+    if (!QFileInfo::exists(shared(u"mdb/testV1997.mdb"_s)))
+        GTEST_SKIP() << "the shared Access samples are absent";
+    QByteArray bytes = contents(shared(u"mdb/testV1997.mdb"_s));
+    const std::pair<qsizetype, char> flips[] = {{44440, '\x64'}, {45560, '\x99'}, {50173, '\x56'},
+                                                {68525, '\xAC'}, {95209, '\x47'}, {98373, '\x1B'},
+                                                {117004, '\x5C'}};
+    for (const auto& [at, value] : flips) {
+        ASSERT_LT(at, bytes.size());
+        bytes[at] = value;
+    }
+    TempFolder dir;
+    dir.write(u"loops.mdb"_s, bytes);
+    TableReader::Opened opened = TableReader::open(u"Access"_s, dir.file(u"loops.mdb"_s), {});
+    EXPECT_EQ(opened.error.number(), 75);
+    EXPECT_FALSE(opened.reader);
+    EXPECT_EQ(dir.read(u"loops.mdb"_s), bytes);
+}
+
 // A database left behind by a program that stopped while it had it open: its lock file still
 // beside it, or its last page torn. It opens read-only or gives an error, and neither file
 // changes.

@@ -2,9 +2,19 @@
 
 #include "platform/tables/AccessIndex.h"
 
+#include <QDateTime>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+#include <QThread>
 #include <QtEndian>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstring>
@@ -209,6 +219,77 @@ AccessReader::~AccessReader() {
         mdb_close(handleOf(m_handle));
 }
 
+namespace {
+
+// How long the reading of a catalog may take before the file is taken for damaged.
+constexpr int kCatalogMilliseconds = 5000;
+
+// libmdb loops for ever, or crashes, on some damaged catalogs. So the catalog and the table
+// definitions are read first in a child process that gets a few seconds: a file whose reading
+// does not end well there is refused before this process reads it.
+bool catalogReadsInTime(const QByteArray& path) {
+    const pid_t child = fork();
+    if (child < 0)
+        return true; // no way to check: read it here as usual
+    if (child == 0) {
+        const int quiet = ::open("/dev/null", O_WRONLY);
+        if (quiet >= 0) {
+            dup2(quiet, STDOUT_FILENO);
+            dup2(quiet, STDERR_FILENO);
+        }
+        MdbHandle* mdb = mdb_open(path.constData(), MDB_NOFLAGS);
+        if (!mdb || !mdb_read_catalog(mdb, MDB_TABLE))
+            _exit(1);
+        for (guint i = 0; i < mdb->num_catalog; ++i) {
+            auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
+            if (entry->object_type != MDB_TABLE)
+                continue;
+            if (MdbTableDef* table = mdb_read_table(entry); table && readColumns(table))
+                mdb_read_indices(table);
+        }
+        _exit(0);
+    }
+    QElapsedTimer clock;
+    clock.start();
+    int status = 0;
+    for (;;) {
+        const pid_t done = waitpid(child, &status, WNOHANG);
+        if (done == child)
+            return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        if (done < 0)
+            return false;
+        if (clock.elapsed() > kCatalogMilliseconds) {
+            kill(child, SIGKILL);
+            waitpid(child, &status, 0);
+            return false;
+        }
+        QThread::msleep(2);
+    }
+}
+
+// The check of a file, done once for each state of the file: a window opens the same file
+// several times over (its tables, its fields, its records).
+bool catalogChecked(const QString& path) {
+    static QMutex lock;
+    static QHash<QString, bool> checked;
+    const QFileInfo info(path);
+    const QString key = info.absoluteFilePath() + u'|' + QString::number(info.size()) + u'|' +
+                        QString::number(info.lastModified().toMSecsSinceEpoch());
+    {
+        const QMutexLocker locked(&lock);
+        if (const auto it = checked.constFind(key); it != checked.cend())
+            return *it;
+    }
+    const bool good = catalogReadsInTime(QFile::encodeName(path));
+    const QMutexLocker locked(&lock);
+    if (checked.size() > 256)
+        checked.clear();
+    checked.insert(key, good);
+    return good;
+}
+
+} // namespace
+
 TableReader::Opened AccessReader::openFile(const QString& path, const QString& password) {
     Opened opened;
     QFile file(path);
@@ -226,6 +307,10 @@ TableReader::Opened AccessReader::openFile(const QString& path, const QString& p
         return opened;
     }
     std::unique_ptr<AccessReader> reader(new AccessReader);
+    if (!catalogChecked(path)) {
+        opened.error = AppError(AppError::PathFileAccess);
+        return opened;
+    }
     MdbHandle* mdb = mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS);
     if (!mdb) {
         opened.error = AppError(AppError::PathFileAccess);
