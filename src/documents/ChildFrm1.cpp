@@ -175,6 +175,14 @@ void ChildFrm1::buildMenus() {
     on("mnuImageBrightness", &ChildFrm1::mnuImageBrightness_Click);
     on("mnuImageContrast", &ChildFrm1::mnuImageContrast_Click);
     on("mnuImageRotate", &ChildFrm1::mnuImageRotate_Click);
+    on("mnuFileFind", [] {
+        if (Quorvane1* main = Quorvane1::instance())
+            main->FindFileRoutine();
+    });
+    on("mnuFileFindNext", [] {
+        if (Quorvane1* main = Quorvane1::instance())
+            main->FindNext();
+    });
     on("mnuViewTable", &ChildFrm1::mnuViewTable_Click);
     on("mnuViewIndex", &ChildFrm1::mnuViewIndex_Click);
     on("mnuViewComments", &ChildFrm1::mnuViewComments_Click);

@@ -141,6 +141,14 @@ void MDIForm1::buildMenus() {
     find->setObjectName(u"mnuFileFind"_s);
     QAction* findNext = file->addAction(tr("Find Next File"));
     findNext->setObjectName(u"mnuFileFindNext"_s);
+    connect(find, &QAction::triggered, this, [] {
+        if (Quorvane1* main = Quorvane1::instance())
+            main->FindFileRoutine();
+    });
+    connect(findNext, &QAction::triggered, this, [] {
+        if (Quorvane1* main = Quorvane1::instance())
+            main->FindNext();
+    });
     file->addSeparator();
     QAction* exit = file->addAction(tr("Exit"));
     exit->setObjectName(u"mnuFileExit"_s);

@@ -17,10 +17,13 @@
 #include "shell/FileListModel.h"
 #include "shell/FileOperations.h"
 #include "shell/FileTypes.h"
+#include "shell/FindFile1.h"
 #include "shell/Globals.h"
 #include "shell/MoveFile1.h"
 #include "shell/QuikPict1.h"
 #include "shell/Rename1.h"
+#include "shell/SearchReport.h"
+#include "shell/SearchWalk.h"
 #include "shell/ShellList.h"
 #include "shell/ShellTreeModel.h"
 #include "shell/StartupRules.h"
@@ -271,6 +274,10 @@ void Quorvane1::buildButtons(QWidget* client) {
         placeTwips(button, left, 15, kButtonSize, kButtonSize);
         left += kButtonStep;
     }
+    connect(client->findChild<QToolButton*>(u"FindBtn"_s), &QToolButton::clicked, this,
+            &Quorvane1::FindFileRoutine);
+    connect(client->findChild<QToolButton*>(u"FindNextBtn"_s), &QToolButton::clicked, this,
+            &Quorvane1::FindNext);
     PrintBtn = client->findChild<QToolButton*>(u"PrintBtn"_s);
     SendBtn = client->findChild<QToolButton*>(u"SendBtn"_s);
     connect(PrintBtn, &QToolButton::clicked, this, &Quorvane1::mnuFilePrint_Click);
@@ -386,8 +393,10 @@ void Quorvane1::buildMenus() {
     connect(addCommand(file, "mnuFileOLE", tr("Open File with Another Application")),
             &QAction::triggered, this, &Quorvane1::mnuFileOLE_Click);
     file->addSeparator();
-    addCommand(file, "mnuFileFind", tr("Find Files"));
-    addCommand(file, "mnuFileFindNext", tr("Find Next File"));
+    connect(addCommand(file, "mnuFileFind", tr("Find Files")), &QAction::triggered, this,
+            &Quorvane1::FindFileRoutine);
+    connect(addCommand(file, "mnuFileFindNext", tr("Find Next File")), &QAction::triggered, this,
+            &Quorvane1::FindNext);
     file->addSeparator();
     connect(addCommand(file, "mnuFileSave", tr("Save File As")), &QAction::triggered, this,
             &Quorvane1::mnuFileSave_Click);
@@ -496,6 +505,106 @@ void Quorvane1::linkShellControls() {
         m_treeModel->revealPath(folder);
     });
     showFolder(globals().gAppPath);
+}
+
+namespace {
+
+// The search as the main window runs it: questions and messages in boxes, nodes expanded in the
+// tree view too, and the report written to the work file.
+class WindowSearchHost final : public SearchHost {
+public:
+    WindowSearchHost(Quorvane1* window, ShellTreeModel* model, QTreeView* view)
+        : m_window(window), m_model(model), m_view(view) {}
+
+    bool askYesNo(const QString& text) override {
+        return Messages::instance().askYesNo(text, m_window);
+    }
+    void inform(const QString& text) override { Messages::instance().inform(text, m_window); }
+    int expand(ShellNamespace& tree, int index) override {
+        const int inserted = tree.expand(index);
+        m_view->expand(m_model->indexOfNode(&tree.node(index)));
+        return inserted;
+    }
+    void reportFolder(const QString& folder, const QStringList& fileNames) override {
+        m_window->AddReportFolder(folder, fileNames);
+    }
+
+private:
+    Quorvane1* m_window;
+    ShellTreeModel* m_model;
+    QTreeView* m_view;
+};
+
+} // namespace
+
+void Quorvane1::FindFileRoutine() {
+    Globals& g = globals();
+    {
+        FindFile1 find(this);
+        find.exec();
+    }
+    if (g.gSearchArmed) {
+        startSearch();
+        Frame1->repaint();
+    }
+    g.gSearchArmed = true;
+}
+
+void Quorvane1::FindNext() {
+    Globals& g = globals();
+    g.gFindNextReady = true;
+    g.gSearchMask = SearchWalk::maskOrDefault(g.gSearchMask);
+    startSearch();
+    g.gSearchArmed = true;
+}
+
+void Quorvane1::startSearch() {
+    Globals& g = globals();
+    Frame3->show();
+    Frame3->raise();
+    Frame1->repaint();
+    Frame3->repaint();
+    if (g.gFindNextReady) {
+        if (auto* next = findChild<QToolButton*>(u"FindNextBtn"_s))
+            next->setEnabled(true);
+    }
+    mSearchRunning = true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    SearchFunction();
+    QApplication::restoreOverrideCursor();
+    Frame3->hide();
+    mSearchRunning = false;
+}
+
+void Quorvane1::SearchFunction() {
+    Globals& g = globals();
+    PTxShList1->setFilter(g.gSearchMask);
+    SearchWalk::Request request;
+    request.mask = g.gSearchMask;
+    request.startIndex = mSearchRootIndex;
+    request.initial = g.gSearchInitial;
+    request.additional = g.gSearchAdditional;
+    request.toReport = g.gSearchToReport;
+    request.computerName = mComputerName;
+    WindowSearchHost host(this, m_treeModel, PTxShTree1);
+    const SearchWalk::Result result = SearchWalk::run(m_treeModel->shellNamespace(), request, host);
+    // An empty result leaves the list where it was.
+    if (!result.found.isEmpty()) {
+        m_treeModel->revealPath(result.found);
+        PTxShList1->setFolder(result.found);
+    }
+    mSearchRootIndex = result.startIndex;
+    const QString name = ShellNamespace::displayNameOf(PTxShList1->folder());
+    setWindowTitle(name.isEmpty() ? kCaption : name + u" - "_s + kCaption);
+}
+
+void Quorvane1::AddReportFolder(const QString& folder, const QStringList& fileNames) {
+    const Globals& g = globals();
+    const QString file = g.gPrintIniFile.isEmpty()
+                             ? PathUtil::join(g.gAppPath, SearchReport::fileName())
+                             : g.gPrintIniFile;
+    // A failure ends the writer in silence; the search goes on.
+    SearchReport::addFolder(file, folder, fileNames);
 }
 
 void Quorvane1::showFolder(const QString& folder) {

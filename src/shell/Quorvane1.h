@@ -86,6 +86,14 @@ public:
     ShellList* shellList() const { return PTxShList1; }
     ShellTreeModel* shellTree() const { return m_treeModel; }
 
+    // The search for folders holding files of a kind: the find window, then the walk from the
+    // selected folder; Find Next goes on behind the last folder found.
+    void FindFileRoutine();
+    void FindNext();
+    // Appends a folder with hits and its matching files to the report's work file.
+    void AddReportFolder(const QString& folder, const QStringList& fileNames);
+    bool searchRunning() const { return mSearchRunning; }
+
     // Opens the help contents; a failure is told in a box.
     void showHelp();
     // Shows a folder in the tree and the list.
@@ -154,6 +162,8 @@ private:
     void mnuUtilitiesRefresh_Click();
     void mnuUtilitiesUnExpand_Click();
     void splitterDrag(int xPixelsInFrame1);
+    void startSearch();
+    void SearchFunction();
 
     // State of the window
     bool mFirstActivate = true;
@@ -164,6 +174,7 @@ private:
     bool mHistoryAdding = false;
     bool mListActive = false;
     int mSearchRootIndex = 0;
+    bool mSearchRunning = false;
     int mStartView = 0;
     std::array<QString, 63> mFileFilter;
     double mTreeRatio = 0;
