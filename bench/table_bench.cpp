@@ -53,10 +53,10 @@ double msSince(const QElapsedTimer& timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-// The cells a grid shows, read back through the model, so that a run that painted nothing
-// or the wrong rows is seen.
+// The cells a grid shows, read back through the model's window of rows on screen, so that a
+// run that painted nothing or the wrong rows is seen.
 QString shownCell(const FlexGrid& grid, int row) {
-    return grid.model()->index(row - 1, 0).data().toString();
+    return grid.model()->index(row - grid.TopRow(), 0).data().toString();
 }
 
 struct Run {
@@ -74,8 +74,8 @@ struct Run {
 bool runOnce(const Source& source, FlexGrid& grid, Run* run) {
     auto model = std::make_unique<TableGridModel>();
     grid.setModel(model.get());
-    QObject::connect(&grid, &FlexGrid::EnterCell, model.get(), [&model](const QModelIndex& cell) {
-        model->setCellColors(cell, Qt::white, Qt::darkBlue);
+    QObject::connect(&grid, &FlexGrid::EnterCell, model.get(), [&model](int record, int column) {
+        model->setCellColors(record, column, Qt::white, Qt::darkBlue);
     });
 
     QElapsedTimer timer;

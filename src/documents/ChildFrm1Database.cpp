@@ -92,13 +92,13 @@ void ChildFrm1::buildDatabaseView() {
     MSFlexGrid1->setModel(m_gridModel);
     connect(Data1, &TableDataControl::recordsetChanged, this,
             [this] { m_gridModel->setRecordset(Data1->Recordset()); });
-    connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this](const QModelIndex& cell) {
+    connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this](int record, int column) {
         const Globals& g = globals();
-        m_gridModel->setCellColors(cell, SettingColor::toQColor(g.gBrowserForeColor),
+        m_gridModel->setCellColors(record, column, SettingColor::toQColor(g.gBrowserForeColor),
                                    SettingColor::toQColor(g.gBrowserBackColor));
     });
     connect(MSFlexGrid1, &FlexGrid::LeaveCell, this,
-            [this](const QModelIndex&) { m_gridModel->setCellColors({}, {}, {}); });
+            [this](int, int) { m_gridModel->setCellColors(-1, 0, {}, {}); });
     connect(MSFlexGrid1, &FlexGrid::DblClick, this, &ChildFrm1::MSFlexGrid1_DblClick);
 
     Frame1 = new QFrame(content);

@@ -137,12 +137,12 @@ TEST(TableGridModel, ShowsTheFieldsAsColumnsAndTheRecordsAsRows) {
     EXPECT_FALSE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsEditable));
 
     // One cell carries colours of its own until another takes them.
-    model.setCellColors(model.index(1, 1), Qt::black, Qt::white);
+    model.setCellColors(1, 1, Qt::black, Qt::white);
     EXPECT_EQ(model.index(1, 1).data(Qt::BackgroundRole).value<QColor>(), QColor(Qt::black));
     EXPECT_EQ(model.index(1, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::white));
-    model.setCellColors(model.index(2, 0), Qt::red, Qt::green);
+    model.setCellColors(2, 0, Qt::red, Qt::green);
     EXPECT_FALSE(model.index(1, 1).data(Qt::BackgroundRole).isValid());
-    model.setCellColors({}, {}, {});
+    model.setCellColors(-1, 0, {}, {});
     EXPECT_FALSE(model.index(2, 0).data(Qt::BackgroundRole).isValid());
 
     model.setRecordset(nullptr);

@@ -2,6 +2,7 @@
 
 #include "platform/tables/TableRecordset.h"
 
+#include <algorithm>
 #include <limits>
 
 TableGridModel::TableGridModel(QObject* parent) : QAbstractTableModel(parent) {}
@@ -9,34 +10,82 @@ TableGridModel::TableGridModel(QObject* parent) : QAbstractTableModel(parent) {}
 void TableGridModel::setRecordset(TableRecordset* recordset) {
     beginResetModel();
     m_recordset = recordset;
-    m_colored = QPersistentModelIndex();
+    m_first = 0;
+    m_shown = shownFor(m_first, m_windowRows);
+    m_coloredRecord = -1;
     endResetModel();
 }
 
 void TableGridModel::refresh() {
     beginResetModel();
-    m_colored = QPersistentModelIndex();
+    m_first = 0;
+    m_shown = shownFor(m_first, m_windowRows);
+    m_coloredRecord = -1;
     endResetModel();
 }
 
-void TableGridModel::setCellColors(const QModelIndex& cell, const QColor& back,
-                                   const QColor& fore) {
-    const QModelIndex previous = m_colored;
-    m_colored = cell;
+int TableGridModel::recordCount() const {
+    if (!m_recordset)
+        return 0;
+    return static_cast<int>(
+        std::min<qint64>(m_recordset->RecordCount(), std::numeric_limits<int>::max()));
+}
+
+int TableGridModel::shownFor(int first, int rows) const {
+    return std::clamp(recordCount() - first, 0, std::max(0, rows));
+}
+
+void TableGridModel::setWindow(int first, int rows) {
+    first = std::clamp(first, 0, std::max(0, recordCount() - 1));
+    rows = std::max(0, rows);
+    const int shown = shownFor(first, rows);
+    if (shown < m_shown) {
+        beginRemoveRows({}, shown, m_shown - 1);
+        m_shown = shown;
+        endRemoveRows();
+    }
+    const bool moved = first != m_first;
+    const int staying = m_shown;
+    m_first = first;
+    m_windowRows = rows;
+    if (shown > m_shown) {
+        beginInsertRows({}, m_shown, shown - 1);
+        m_shown = shown;
+        endInsertRows();
+    }
+    if (moved && staying > 0 && columnCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(staying - 1, columnCount() - 1));
+}
+
+QString TableGridModel::cellText(int record, int column) const {
+    if (!m_recordset)
+        return {};
+    return m_recordset->row(record).value(column);
+}
+
+void TableGridModel::emitCellChanged(int record, int column) {
+    const int row = record - m_first;
+    if (record >= 0 && row >= 0 && row < m_shown && column >= 0 && column < columnCount()) {
+        const QModelIndex cell = index(row, column);
+        Q_EMIT dataChanged(cell, cell, {Qt::BackgroundRole, Qt::ForegroundRole});
+    }
+}
+
+void TableGridModel::setCellColors(int record, int column, const QColor& back, const QColor& fore) {
+    const int previousRecord = m_coloredRecord;
+    const int previousColumn = m_coloredColumn;
+    m_coloredRecord = record < 0 ? -1 : record;
+    m_coloredColumn = column;
     m_back = back;
     m_fore = fore;
-    if (previous.isValid())
-        Q_EMIT dataChanged(previous, previous, {Qt::BackgroundRole, Qt::ForegroundRole});
-    if (cell.isValid())
-        Q_EMIT dataChanged(cell, cell, {Qt::BackgroundRole, Qt::ForegroundRole});
+    emitCellChanged(previousRecord, previousColumn);
+    emitCellChanged(m_coloredRecord, m_coloredColumn);
 }
 
 int TableGridModel::rowCount(const QModelIndex& parent) const {
     if (parent.isValid() || !m_recordset)
         return 0;
-    // A view counts its rows in int: a larger table shows its first 2^31 - 1 records.
-    return static_cast<int>(
-        std::min<qint64>(m_recordset->RecordCount(), std::numeric_limits<int>::max()));
+    return m_shown;
 }
 
 int TableGridModel::columnCount(const QModelIndex& parent) const {
@@ -48,16 +97,18 @@ int TableGridModel::columnCount(const QModelIndex& parent) const {
 QVariant TableGridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || !m_recordset)
         return {};
+    const int record = m_first + index.row();
+    const bool colored = record == m_coloredRecord && index.column() == m_coloredColumn;
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return m_recordset->row(index.row()).value(index.column());
+        return cellText(record, index.column());
     case Qt::BackgroundRole:
-        if (index == m_colored && m_back.isValid())
+        if (colored && m_back.isValid())
             return m_back;
         return {};
     case Qt::ForegroundRole:
-        if (index == m_colored && m_fore.isValid())
+        if (colored && m_fore.isValid())
             return m_fore;
         return {};
     default:

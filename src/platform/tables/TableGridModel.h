@@ -2,26 +2,43 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
-#include <QPersistentModelIndex>
 
 class TableRecordset;
 
 // The records of a table as a grid: a column a field, headed by the field's name, and a row a
-// record. Cells are read from the recordset only when a view asks for them, so a table of any
-// size costs the rows on screen. One cell can carry colours of its own (the current cell).
+// record. The rows are a window over the records: a few records from a first one that the
+// view moves, so that neither the model nor the view keeps anything for each record of the
+// table. Cells are read from the recordset only when a view asks for them. One cell, named by
+// its record, can carry colours of its own (the current cell).
 class TableGridModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
+    // The rows shown until a view sets its own window.
+    static constexpr int DefaultWindowRows = 64;
+
     explicit TableGridModel(QObject* parent = nullptr);
 
     // The records shown; none for a null recordset. The model does not own it.
     void setRecordset(TableRecordset* recordset);
     TableRecordset* recordset() const { return m_recordset; }
-    // The recordset's order or contents changed: every row is read again.
+    // The recordset's order or contents changed: every row is read again, from record 0.
     void refresh();
 
-    // Colours of one cell that stand in front of the view's own; an invalid index clears them.
-    void setCellColors(const QModelIndex& cell, const QColor& back, const QColor& fore);
+    // All the records of the table, whether shown or not (at most 2^31 - 1: a view counts in
+    // int).
+    int recordCount() const;
+    // Row 0 shows this record; the window holds at most windowRows() rows, fewer at the end.
+    int firstRecord() const { return m_first; }
+    int windowRows() const { return m_windowRows; }
+    // Moves and sizes the window: rows leave or join at its end, and the rows that stay show
+    // their new records.
+    void setWindow(int first, int rows);
+    // The text of any cell of the table, in the window or not.
+    QString cellText(int record, int column) const;
+
+    // Colours of one cell, by its record and column, that stand in front of the view's own; a
+    // negative record clears them.
+    void setCellColors(int record, int column, const QColor& back, const QColor& fore);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -31,8 +48,15 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    int shownFor(int first, int rows) const;
+    void emitCellChanged(int record, int column);
+
     TableRecordset* m_recordset = nullptr;
-    QPersistentModelIndex m_colored;
+    int m_first = 0;
+    int m_windowRows = DefaultWindowRows;
+    int m_shown = 0;
+    int m_coloredRecord = -1;
+    int m_coloredColumn = 0;
     QColor m_back;
     QColor m_fore;
 };
