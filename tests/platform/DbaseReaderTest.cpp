@@ -1,6 +1,7 @@
 #include "platform/tables/DbaseIndex.h"
 #include "platform/tables/TableReader.h"
 
+#include "support/DamagedTables.h"
 #include "support/TempFolder.h"
 
 #include <QDir>
@@ -380,53 +381,6 @@ TEST(DbaseReader, ReadsRowsInTheOrderOfBranchingNdxAndMdxTrees) {
     EXPECT_EQ(codes(allRows(*damaged.reader, u"Parts"_s)), codes(stored));
 }
 
-namespace {
-
-// Copies of a file cut short or with bytes turned over, each with what was done to it.
-QList<std::pair<std::string, QByteArray>> damagedCopies(const QByteArray& good) {
-    QList<std::pair<std::string, QByteArray>> copies;
-    for (qsizetype cut : {qsizetype(0), qsizetype(32), good.size() / 2, good.size() - 1})
-        copies.append({"cut to " + std::to_string(cut), good.left(cut)});
-    auto flipped = [&](qsizetype from, qsizetype count) {
-        QByteArray bytes = good;
-        for (qsizetype i = from; i < std::min(from + count, bytes.size()); ++i)
-            bytes[i] = char(~bytes[i]);
-        copies.append({"flipped at " + std::to_string(from), bytes});
-    };
-    flipped(4, 8);   // counts and sizes
-    flipped(16, 32); // more of the header, the first field's description
-    flipped(good.size() / 2, 16);
-    return copies;
-}
-
-// Opens the table and reads every row in every order; the bytes of its files stay the same.
-void readEverything(const TempFolder& dir, const QString& table, const std::string& what) {
-    QMap<QString, QByteArray> before;
-    for (const QString& name : QDir(dir.path()).entryList(QDir::Files))
-        before[name] = dir.read(name);
-    {
-        TableReader::Opened opened = openDbase(dir.file(table));
-        if (!opened.error) {
-            ASSERT_TRUE(opened.reader) << what;
-            const QList<TableDef> defs = opened.reader->tableDefs();
-            ASSERT_EQ(defs.size(), 1) << what;
-            QStringList orders = defs.first().indexes;
-            orders.prepend(QString());
-            for (const QString& index : orders) {
-                std::unique_ptr<TableRows> rows = opened.reader->rows(defs.first().name, index);
-                for (qint64 i = 0; i < rows->count(); ++i) {
-                    const QStringList row = rows->row(i);
-                    EXPECT_TRUE(row.isEmpty() || row.size() == defs.first().fields.size()) << what;
-                }
-            }
-        }
-    }
-    for (auto it = before.cbegin(); it != before.cend(); ++it)
-        EXPECT_EQ(dir.read(it.key()), it.value()) << what << ": " << it.key().toStdString();
-}
-
-} // namespace
-
 TEST(DbaseReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
     QList<QStringList> tables{
         {generatedTables() + u"/SALES.DBF"_s, generatedTables() + u"/SALES.DBT"_s},
@@ -442,12 +396,12 @@ TEST(DbaseReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
         for (const QString& damaged : files) {
             const QByteArray good = bytesOf(damaged);
             ASSERT_FALSE(good.isEmpty()) << damaged.toStdString();
-            for (const auto& [what, bytes] : damagedCopies(good)) {
+            for (const auto& [what, bytes] : damagedCopies(good, {{4, 8}, {16, 32}})) {
                 TempFolder dir;
                 copyInto(dir, files);
                 dir.write(QFileInfo(damaged).fileName(), bytes);
-                readEverything(dir, QFileInfo(files.first()).fileName(),
-                               QFileInfo(damaged).fileName().toStdString() + " " + what);
+                readEveryRow(dir, u"dBASE 5.0;"_s, QFileInfo(files.first()).fileName(),
+                             QFileInfo(damaged).fileName().toStdString() + " " + what);
             }
         }
     }
@@ -463,5 +417,5 @@ TEST(DbaseReader, ATableWhoseMemoFileIsMissingOpensWithEmptyMemos) {
     EXPECT_EQ(rows[0][0], u"Widget"_s);
     EXPECT_EQ(rows[0][5], QString());
     EXPECT_EQ(rows[2][5], QString());
-    readEverything(dir, u"SALES.DBF"_s, "without its memo file");
+    readEveryRow(dir, u"dBASE 5.0;"_s, u"SALES.DBF"_s, "without its memo file");
 }

@@ -1,5 +1,6 @@
 #include "platform/tables/TableReader.h"
 
+#include "support/DamagedTables.h"
 #include "support/TempFolder.h"
 
 #include <QDir>
@@ -162,52 +163,6 @@ TEST(ParadoxReader, WithoutItsMemoFileOrWithADamagedOneAMemoIsThePartInTheRecord
     EXPECT_EQ(opened.reader->rows(u"memo.db"_s, QString())->row(0).value(1), fiveLines());
 }
 
-namespace {
-
-// Copies of a file cut short or with bytes turned over, each with what was done to it.
-QList<std::pair<std::string, QByteArray>> damagedCopies(const QByteArray& good) {
-    QList<std::pair<std::string, QByteArray>> copies;
-    for (qsizetype cut : {qsizetype(0), qsizetype(32), good.size() / 2, good.size() - 1})
-        copies.append({"cut to " + std::to_string(cut), good.left(cut)});
-    auto flipped = [&](qsizetype from, qsizetype count) {
-        QByteArray bytes = good;
-        for (qsizetype i = from; i < std::min(from + count, bytes.size()); ++i)
-            bytes[i] = char(~bytes[i]);
-        copies.append({"flipped at " + std::to_string(from), bytes});
-    };
-    flipped(0, 8);    // sizes of the record and the header, the kind of file
-    flipped(32, 16);  // the field count and more of the header
-    flipped(0x78, 8); // the types and lengths of the first fields
-    flipped(good.size() / 2, 16);
-    return copies;
-}
-
-// Opens the table and reads every row; the bytes of its files stay the same.
-void readEverything(const TempFolder& dir, const QString& table, const std::string& what) {
-    QMap<QString, QByteArray> before;
-    for (const QString& name : QDir(dir.path()).entryList(QDir::Files))
-        before[name] = dir.read(name);
-    {
-        TableReader::Opened opened = openParadox(dir.file(table));
-        if (!opened.error) {
-            ASSERT_TRUE(opened.reader) << what;
-            const QList<TableDef> defs = opened.reader->tableDefs();
-            ASSERT_EQ(defs.size(), 1) << what;
-            for (const QString& index : QStringList{QString()} + defs.first().indexes) {
-                std::unique_ptr<TableRows> rows = opened.reader->rows(defs.first().name, index);
-                for (qint64 i = 0; i < rows->count(); ++i) {
-                    const QStringList row = rows->row(i);
-                    EXPECT_TRUE(row.isEmpty() || row.size() == defs.first().fields.size()) << what;
-                }
-            }
-        }
-    }
-    for (auto it = before.cbegin(); it != before.cend(); ++it)
-        EXPECT_EQ(dir.read(it.key()), it.value()) << what << ": " << it.key().toStdString();
-}
-
-} // namespace
-
 TEST(ParadoxReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
     if (!haveSamples())
         GTEST_SKIP() << "the shared Paradox samples are absent";
@@ -219,12 +174,13 @@ TEST(ParadoxReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
         for (const QString& damaged : files) {
             const QByteArray good = bytesOf(paradox(damaged));
             ASSERT_FALSE(good.isEmpty()) << damaged.toStdString();
-            for (const auto& [what, bytes] : damagedCopies(good)) {
+            for (const auto& [what, bytes] : damagedCopies(good, {{0, 8}, {32, 16}, {0x78, 8}})) {
                 TempFolder dir;
                 for (const QString& name : files)
                     dir.write(name, bytesOf(paradox(name)));
                 dir.write(damaged, bytes);
-                readEverything(dir, files.first(), damaged.toStdString() + " " + what);
+                readEveryRow(dir, u"Paradox 5.x;"_s, files.first(),
+                             damaged.toStdString() + " " + what);
             }
         }
     }
