@@ -118,6 +118,21 @@ private Q_SLOTS:
                  QStringList{u"Do you want to continue the Search for - *.QVZ ?"_s});
     }
 
+    void noAtTheLimitLeavesTheFileListWhereItWas() {
+        const int top = selectTreeRoot();
+        QVERIFY(top > 0);
+        const QString before = listFolder();
+        Globals& g = globals();
+        g.gSearchInitial = top + 5;
+        g.gSearchAdditional = 1;
+        g.gSearchMask = u"*.NONE"_s;
+        h->window()->FindNext();
+        QCOMPARE(h->messages().texts(),
+                 QStringList{u"Do you want to continue the Search for - *.NONE ?"_s});
+        QCOMPARE(listFolder(), before);
+        QVERIFY(!h->window()->findChild<QFrame*>(u"Frame3"_s)->isVisible());
+    }
+
     void escapeDisarmsTheSearch() {
         globals().gSearchArmed = true;
         QTest::keyClick(h->window()->shellList(), Qt::Key_Escape);
