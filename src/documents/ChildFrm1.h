@@ -128,6 +128,9 @@ private:
     void Data1_Validate(int action);
     void Data1_Reposition();
     void showComment();
+    // Shows or hides the table or the index list, with its menus and its toolbar button.
+    void toggleList(QListWidget* list, bool& shown, bool otherShown, const char* menu,
+                    const char* mainMenu, int button);
     void applyGridStyle();
     void layoutDatabase();
     void paintDatabaseView();

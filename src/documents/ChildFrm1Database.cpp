@@ -294,55 +294,43 @@ void ChildFrm1::List2_Click(int position) {
         MSFlexGrid1->setRow(1);
 }
 
-void ChildFrm1::mnuViewTable_Click() {
-    if (!List1)
-        return;
-    Quorvane1* main = Quorvane1::instance();
-    mShowTables = !mShowTables;
-    menuAction("mnuViewTable")->setCheckable(true);
-    menuAction("mnuViewTable")->setChecked(mShowTables);
-    if (main)
-        main->setMenuChecked("mnuViewTable", mShowTables);
-    m_frame->setButtonDown(12, mShowTables);
-    if (!mShowTables) {
-        if (!mShowIndexes)
+void ChildFrm1::toggleList(QListWidget* list, bool& shown, bool otherShown, const char* menu,
+                           const char* mainMenu, int button) {
+    shown = !shown;
+    menuAction(menu)->setCheckable(true);
+    menuAction(menu)->setChecked(shown);
+    if (Quorvane1* main = Quorvane1::instance())
+        main->setMenuChecked(mainMenu, shown);
+    m_frame->setButtonDown(button, shown);
+    if (!shown) {
+        if (!otherShown)
             Frame1->hide();
-        List1->hide();
+        list->hide();
         return;
     }
-    const DatabaseLayout::ListLefts lefts = DatabaseLayout::listLefts(mShowIndexes);
+    // The list that was open first stays on the left.
+    const bool indexesFirst = list == List1 ? otherShown : !otherShown;
+    const DatabaseLayout::ListLefts lefts = DatabaseLayout::listLefts(indexesFirst);
     List1->move(Twips::toPixels(lefts.tables), List1->y());
     List2->move(Twips::toPixels(lefts.indexes), List2->y());
     Frame1->show();
     Frame1->raise();
-    List1->show();
+    list->show();
+}
+
+void ChildFrm1::mnuViewTable_Click() {
+    if (!List1)
+        return;
+    toggleList(List1, mShowTables, mShowIndexes, "mnuViewTable", "mnuViewTable", 12);
     const int last = static_cast<int>(m_frame->mTableIndex);
-    if (List1->count() > 0 && List1->currentRow() >= 1 && last < List1->count())
+    if (mShowTables && List1->count() > 0 && List1->currentRow() >= 1 && last < List1->count())
         List1->setCurrentRow(last);
 }
 
 void ChildFrm1::mnuViewIndex_Click() {
     if (!List2)
         return;
-    Quorvane1* main = Quorvane1::instance();
-    mShowIndexes = !mShowIndexes;
-    menuAction("mnuViewIndex")->setCheckable(true);
-    menuAction("mnuViewIndex")->setChecked(mShowIndexes);
-    if (main)
-        main->setMenuChecked("mnuFileIndex", mShowIndexes);
-    m_frame->setButtonDown(13, mShowIndexes);
-    if (!mShowIndexes) {
-        if (!mShowTables)
-            Frame1->hide();
-        List2->hide();
-        return;
-    }
-    const DatabaseLayout::ListLefts lefts = DatabaseLayout::listLefts(!mShowTables);
-    List1->move(Twips::toPixels(lefts.tables), List1->y());
-    List2->move(Twips::toPixels(lefts.indexes), List2->y());
-    Frame1->show();
-    Frame1->raise();
-    List2->show();
+    toggleList(List2, mShowIndexes, mShowTables, "mnuViewIndex", "mnuFileIndex", 13);
 }
 
 void ChildFrm1::showComment() {
