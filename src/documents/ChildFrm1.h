@@ -124,6 +124,10 @@ private:
     void loadDatabase(const QString& path);
     void buildDatabaseView();
     void fillIndexList();
+    // The grid's column widths from the shared field lists, and this window's own copy of the
+    // field types, which a second database window does not overwrite.
+    void setColumnWidths();
+    void keepFieldTypes();
     void fillTableList();
     void Data1_Validate(int action);
     void Data1_Reposition();

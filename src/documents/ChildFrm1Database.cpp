@@ -26,6 +26,8 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -205,17 +207,12 @@ void ChildFrm1::loadDatabase(const QString& path) {
     m_placement = DatabaseLayout::atOpen(width, height, kDataHeight);
     Data1->setCaption(path);
     layoutDatabase();
-    for (int i = 0; i < m_gridModel->columnCount(); ++i) {
-        const auto field = static_cast<size_t>(i);
-        MSFlexGrid1->setColWidth(
-            i, DatabaseLayout::columnWidth(g.gFieldNames[field].size(), g.gFieldSizes[field]));
-    }
+    setColumnWidths();
     Data1->show();
     MSFlexGrid1->show();
     Frame1->hide();
     Frame1->move(Twips::toPixels(10), 0);
-    for (int i = 0; i <= g.gFieldCount && i < int(mFieldType.size()); ++i)
-        mFieldType[static_cast<size_t>(i)] = g.gFieldTypes[static_cast<size_t>(i)];
+    keepFieldTypes();
     if (m_gridModel->rowCount() > 0)
         MSFlexGrid1->setRow(1);
 
@@ -224,6 +221,23 @@ void ChildFrm1::loadDatabase(const QString& path) {
     menuAction("mnuViewIndex")->setEnabled(g.gIndexCount > 0);
     if (!tableIsTheFile())
         menuAction("mnuViewTable")->setEnabled(g.gTableCount > 0);
+}
+
+void ChildFrm1::setColumnWidths() {
+    const Globals& g = globals();
+    const int columns = std::min<int>(m_gridModel->columnCount(), int(g.gFieldNames.size()));
+    for (int i = 0; i < columns; ++i) {
+        const auto field = static_cast<size_t>(i);
+        MSFlexGrid1->setColWidth(
+            i, DatabaseLayout::columnWidth(g.gFieldNames[field].size(), g.gFieldSizes[field]));
+    }
+}
+
+void ChildFrm1::keepFieldTypes() {
+    const Globals& g = globals();
+    mFieldType.fill(0);
+    for (int i = 0; i <= g.gFieldCount && i < int(mFieldType.size()); ++i)
+        mFieldType[static_cast<size_t>(i)] = g.gFieldTypes[static_cast<size_t>(i)];
 }
 
 void ChildFrm1::fillIndexList() {
@@ -271,15 +285,8 @@ void ChildFrm1::List1_Click(int position) {
     }
     Globals& g = globals();
     DatabaseLists::ReadTableInfo(g, mConnect, Data1->DatabaseName, mTableName);
-    mFieldType.fill(0);
-    for (int i = 0; i <= g.gFieldCount && i < int(mFieldType.size()); ++i)
-        mFieldType[static_cast<size_t>(i)] = g.gFieldTypes[static_cast<size_t>(i)];
-    for (int i = 0; i < m_gridModel->columnCount(); ++i) {
-        const auto field = static_cast<size_t>(i);
-        if (field < g.gFieldNames.size())
-            MSFlexGrid1->setColWidth(
-                i, DatabaseLayout::columnWidth(g.gFieldNames[field].size(), g.gFieldSizes[field]));
-    }
+    keepFieldTypes();
+    setColumnWidths();
     fillIndexList();
 }
 
