@@ -4,9 +4,9 @@
 // Run: build/bench/bench/bench_pictures
 // Prints the median of several runs of each and the ratio of our open to djpeg's decode.
 
-#include "platform/ImageCodec.h"
-#include "platform/PictureView.h"
-#include "platform/PixelOps.h"
+#include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/PictureView.h"
+#include "platform/imaging/PixelOps.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

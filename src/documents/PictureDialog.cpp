@@ -1,7 +1,7 @@
 #include "documents/PictureDialog.h"
 
 #include "platform/Messages.h"
-#include "platform/PixelOps.h"
+#include "platform/imaging/PixelOps.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

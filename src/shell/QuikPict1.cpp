@@ -1,10 +1,10 @@
 #include "shell/QuikPict1.h"
 
-#include "platform/ImageCodec.h"
-#include "platform/PictureView.h"
 #include "platform/Twips.h"
 #include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
+#include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/PictureView.h"
 #include "shell/Globals.h"
 
 #include <QEvent>

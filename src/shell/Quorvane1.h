@@ -81,8 +81,6 @@ public:
     int searchRootIndex() const { return mSearchRootIndex; }
     bool quikPictOn() const { return mQuikPictOn; }
     bool listActive() const { return mListActive; }
-    // How often EnableSelectMenus ran since the window was made.
-    int enableSelectMenusRuns() const { return m_enableSelectRuns; }
     ShellList* shellList() const { return PTxShList1; }
     ShellTreeModel* shellTree() const { return m_treeModel; }
 
@@ -182,7 +180,6 @@ private:
     QString m_helpFile;
     bool m_unloaded = false;
     bool m_active = false;
-    int m_enableSelectRuns = 0;
 
     // Controls
     QFrame* Frame1 = nullptr;

@@ -2,8 +2,8 @@
 #include "documents/MDIForm1.h"
 #include "documents/NewSize1.h"
 #include "documents/PictureDialog.h"
-#include "platform/PictureView.h"
 #include "platform/Twips.h"
+#include "platform/imaging/PictureView.h"
 #include "support/MainWindowHarness.h"
 #include "support/ModalAnswer.h"
 

@@ -1,4 +1,4 @@
-#include "platform/ImageCodec.h"
+#include "platform/imaging/ImageCodec.h"
 #include "shell/MoveFile1.h"
 #include "shell/Rename1.h"
 #include "shell/ShellList.h"

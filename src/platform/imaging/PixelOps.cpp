@@ -1,4 +1,4 @@
-#include "platform/PixelOps.h"
+#include "platform/imaging/PixelOps.h"
 
 #include <QPainter>
 #include <QTransform>

@@ -1,4 +1,4 @@
-#include "platform/ImageCodec.h"
+#include "platform/imaging/ImageCodec.h"
 
 #include "support/TempFolder.h"
 

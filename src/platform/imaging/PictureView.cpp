@@ -1,4 +1,4 @@
-#include "platform/PictureView.h"
+#include "platform/imaging/PictureView.h"
 
 #include <QMouseEvent>
 #include <QPainter>

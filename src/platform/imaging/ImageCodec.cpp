@@ -1,7 +1,7 @@
-#include "platform/ImageCodec.h"
+#include "platform/imaging/ImageCodec.h"
 
 #include "platform/ExternalTool.h"
-#include "platform/ImageReaders.h"
+#include "platform/imaging/ImageReaders.h"
 
 #include <QBuffer>
 #include <QFile>

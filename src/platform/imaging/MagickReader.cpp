@@ -1,5 +1,5 @@
-#include "platform/ImageCodec.h"
-#include "platform/ImageReaders.h"
+#include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/ImageReaders.h"
 
 #include <QFile>
 

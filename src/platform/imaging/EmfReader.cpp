@@ -1,6 +1,6 @@
 #include "platform/ExternalTool.h"
-#include "platform/ImageCodec.h"
-#include "platform/ImageReaders.h"
+#include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/ImageReaders.h"
 
 #include <QFile>
 #include <QFileInfo>
