@@ -154,8 +154,8 @@ void ChildFrm1::buildMenus() {
     on("mnuFileClose", &ChildFrm1::mnuFileClose_Click);
     on("mnuFileExit", [this] { m_frame->close(); });
     on("mnuWindowCascade", [this] { m_frame->workspace()->cascadeSubWindows(); });
-    on("mnuWindowTileHorz", [this] { m_frame->workspace()->tileSubWindows(); });
-    on("mnuWindowTileVert", [this] { m_frame->workspace()->tileSubWindows(); });
+    on("mnuWindowTileHorz", [this] { m_frame->tileChildren(true); });
+    on("mnuWindowTileVert", [this] { m_frame->tileChildren(false); });
     on("mnuHelpContents", &ChildFrm1::mnuHelpContents_Click);
     on("mnuViewNormal", &ChildFrm1::mnuViewNormal_Click);
     on("mnuViewStretch", &ChildFrm1::mnuViewStretch_Click);
@@ -594,7 +594,7 @@ void ChildFrm1::closeEvent(QCloseEvent* event) {
 }
 
 void ChildFrm1::mnuFileOpen_Click() {
-    const QString name = m_frame->askDocumentToOpen(this);
+    const QString name = m_frame->askDocumentToOpen(this, mExt);
     if (name.trimmed().isEmpty())
         return;
     Globals& g = globals();
@@ -620,7 +620,7 @@ void ChildFrm1::mnuFileRename_Click() {
 }
 
 void ChildFrm1::mnuFileMove_Click() {
-    releaseTable();
+    // A table lets go of its files only when the move goes ahead: MoveFile1 closes its window.
     if (Quorvane1* main = Quorvane1::instance())
         main->MoveFile(windowTitle());
 }

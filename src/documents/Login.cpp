@@ -1,5 +1,6 @@
 #include "documents/Login.h"
 
+#include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/WidgetPaint.h"
 #include "platform/tables/TableReader.h"
@@ -50,6 +51,7 @@ Login::Login(QWidget* parent) : QDialog(parent) {
     grid->addLayout(row, 2, 0, 1, 2);
     connect(OKbtn, &QPushButton::clicked, this, &Login::OKbtn_Click);
     connect(Cancelbtn, &QPushButton::clicked, this, &Login::Cancelbtn_Click);
+    DialogButtons::enterAnywhereClicks(this, OKbtn);
     Form_Load();
 }
 
@@ -72,12 +74,6 @@ void Login::Form_Activate() {
 }
 
 void Login::keyPressEvent(QKeyEvent* event) {
-    // Enter anywhere in the window is OK.
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        event->accept();
-        OKbtn_Click();
-        return;
-    }
     if (event->key() == Qt::Key_Escape) {
         event->accept();
         Cancelbtn_Click();

@@ -1,6 +1,7 @@
 #include "documents/MDIForm1.h"
 
 #include "documents/ChildFrm1.h"
+#include "documents/TileLayout.h"
 #include "platform/DroppedFiles.h"
 #include "platform/Messages.h"
 #include "platform/SettingColor.h"
@@ -31,6 +32,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -248,6 +250,20 @@ void MDIForm1::addChild(ChildFrm1* child) {
     m_area->setActiveSubWindow(child);
 }
 
+void MDIForm1::tileChildren(bool horizontal) {
+    QList<QMdiSubWindow*> shown;
+    for (QMdiSubWindow* window : m_area->subWindowList(QMdiArea::CreationOrder)) {
+        if (!window->isMinimized() && window->isVisible()) {
+            window->showNormal();
+            shown.append(window);
+        }
+    }
+    const QList<QRect> places =
+        TileLayout::tile(static_cast<int>(shown.size()), m_area->viewport()->rect(), horizontal);
+    for (qsizetype i = 0; i < shown.size() && i < places.size(); ++i)
+        shown[i]->setGeometry(places[i]);
+}
+
 void MDIForm1::showEmptyState() {
     mChildCount = 0;
     for (QLabel* label : Label1)
@@ -276,7 +292,7 @@ void MDIForm1::NewWindowFile() {
 }
 
 void MDIForm1::mnuFileOpen_Click() {
-    const QString name = askDocumentToOpen(this);
+    const QString name = askDocumentToOpen(this, FileTypes::GetFileExt(globals().gCurrentFile));
     if (name.trimmed().isEmpty())
         return;
     Globals& g = globals();
@@ -289,13 +305,14 @@ void MDIForm1::mnuFileOpen_Click() {
         main->AddtoCMBFILE(name);
 }
 
-QString MDIForm1::askDocumentToOpen(QWidget* parent) {
+QString MDIForm1::askDocumentToOpen(QWidget* parent, const QString& defaultExtension) {
     Quorvane1* main = Quorvane1::instance();
     Messages::FileRequest request;
     request.title = tr("Select File to Open");
     request.folder = main ? main->treeFolder() : QString();
     request.filterPairs = FileTypes::dialogFilter();
     request.filterIndex = mOpenFilterIndex;
+    request.defaultExtension = defaultExtension;
     const QString name = Messages::instance().openFileName(request, parent);
     if (!name.isEmpty())
         mOpenFilterIndex = static_cast<qint16>(request.filterIndex);
@@ -405,13 +422,14 @@ void MDIForm1::Form_Unload() {
 void MDIForm1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     // Activation runs once each time the window becomes the active one.
+    // The state is kept before the handler runs: a box shown by the handler moves the
+    // activation on, and the handler's end must not put back what it saw at its start.
     if (event->type() == QEvent::ActivationChange) {
-        const bool active = isActiveWindow();
-        if (active && !m_active) {
+        const bool wasActive = std::exchange(m_active, isActiveWindow());
+        if (m_active && !wasActive) {
             m_activatedOnce = true;
             Form_Activate();
         }
-        m_active = active;
     }
 }
 

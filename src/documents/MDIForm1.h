@@ -53,6 +53,8 @@ public:
 
     // Adds a document window to the workspace and shows it.
     void addChild(ChildFrm1* child);
+    // Arranges the documents that are not minimised in rows (horizontal) or in columns.
+    void tileChildren(bool horizontal);
     // Back to the state without documents: labels cleared, Open and Help usable.
     void showEmptyState();
     // The menus of the active document take the place of the frame's own.
@@ -60,9 +62,9 @@ public:
 
     void mnuFileOpen_Click();
     void mnuHelpContents_Click();
-    // Asks for a document to open, in the folder of the browser, with the dialogs' filter;
-    // an empty path on Cancel.
-    QString askDocumentToOpen(QWidget* parent);
+    // Asks for a document to open, in the folder of the browser, with the dialogs' filter and
+    // the extension taken for a name typed without one; an empty path on Cancel.
+    QString askDocumentToOpen(QWidget* parent, const QString& defaultExtension);
 
 protected:
     void changeEvent(QEvent* event) override;

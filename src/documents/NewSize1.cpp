@@ -1,5 +1,7 @@
 #include "documents/NewSize1.h"
 
+#include "platform/DialogButtons.h"
+
 #include "platform/WidgetPaint.h"
 #include "shell/Globals.h"
 
@@ -112,6 +114,7 @@ NewSize1::NewSize1(int width, int height, QWidget* parent)
     connect(CHKASPECT, &QCheckBox::clicked, this, &NewSize1::CHKASPECT_Click);
     connect(OKBtn, &QPushButton::clicked, this, &NewSize1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
+    DialogButtons::enterAnywhereClicks(this, OKBtn);
     connect(HelpBtn, &QPushButton::clicked, this, [this] {
         QKeyEvent f1(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
         QCoreApplication::sendEvent(this, &f1);

@@ -1,5 +1,6 @@
 #pragma once
 
+class QAbstractButton;
 class QDialog;
 class QHBoxLayout;
 class QPushButton;
@@ -12,4 +13,7 @@ struct DialogButtons {
     QHBoxLayout* row = nullptr;
 
     static DialogButtons okCancel(QDialog* dialog);
+    // Return and Enter click `ok` whichever control of the dialog has the focus, its other
+    // buttons included.
+    static void enterAnywhereClicks(QDialog* dialog, QAbstractButton* ok);
 };

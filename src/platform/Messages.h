@@ -23,6 +23,8 @@ public:
         int filterIndex = 1; // one-based, as in the pairs; the dialog leaves the chosen one
         QString folder;
         QString fileName;
+        // Added to a chosen name that has no extension, as "name.ext".
+        QString defaultExtension;
     };
 
     virtual ~Messages();
@@ -37,9 +39,11 @@ public:
     // A one-line entry proposing a text; nothing on Cancel.
     virtual std::optional<QString> askText(const QString& title, const QString& label,
                                            const QString& proposed, QWidget* parent = nullptr) = 0;
-    // The common open and save dialogs; an empty path on Cancel.
-    virtual QString openFileName(FileRequest& request, QWidget* parent = nullptr) = 0;
-    virtual QString saveFileName(FileRequest& request, QWidget* parent = nullptr) = 0;
+    // The common open and save dialogs; an empty path on Cancel. A name typed without an
+    // extension gets the request's default extension: always when saving, and when opening if
+    // the file is found only with it.
+    QString openFileName(FileRequest& request, QWidget* parent = nullptr);
+    QString saveFileName(FileRequest& request, QWidget* parent = nullptr);
     // The common colour and font dialogs; nothing on Cancel.
     virtual std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                               QWidget* parent = nullptr) = 0;
@@ -49,4 +53,9 @@ public:
     static Messages& instance();
     // Puts a service in place and returns the one it replaces (empty for the default).
     static std::unique_ptr<Messages> install(std::unique_ptr<Messages> service);
+
+protected:
+    // The dialogs themselves; the name as chosen, or empty on Cancel.
+    virtual QString runOpenDialog(FileRequest& request, QWidget* parent) = 0;
+    virtual QString runSaveDialog(FileRequest& request, QWidget* parent) = 0;
 };

@@ -61,11 +61,11 @@ std::optional<QString> QtMessages::askText(const QString& title, const QString& 
     return text;
 }
 
-QString QtMessages::openFileName(FileRequest& request, QWidget* parent) {
+QString QtMessages::runOpenDialog(FileRequest& request, QWidget* parent) {
     return runFileDialog(request, parent, QFileDialog::AcceptOpen);
 }
 
-QString QtMessages::saveFileName(FileRequest& request, QWidget* parent) {
+QString QtMessages::runSaveDialog(FileRequest& request, QWidget* parent) {
     return runFileDialog(request, parent, QFileDialog::AcceptSave);
 }
 

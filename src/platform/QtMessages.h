@@ -10,8 +10,8 @@ public:
     bool askYesNo(const QString& text, QWidget* parent) override;
     std::optional<QString> askText(const QString& title, const QString& label,
                                    const QString& proposed, QWidget* parent) override;
-    QString openFileName(FileRequest& request, QWidget* parent) override;
-    QString saveFileName(FileRequest& request, QWidget* parent) override;
+    QString runOpenDialog(FileRequest& request, QWidget* parent) override;
+    QString runSaveDialog(FileRequest& request, QWidget* parent) override;
     std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                       QWidget* parent) override;
     std::optional<QFont> chooseFont(const QFont& initial, QWidget* parent) override;

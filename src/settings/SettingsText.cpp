@@ -26,8 +26,10 @@ template <typename Int> AppError toInteger(const QString& text, Int& out) {
 namespace SettingsText {
 
 QString fromNumber(double value) {
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    // Plain decimals, never an exponent: the shortest digits that read back to the same value.
+    char buffer[512];
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
     return QString::fromLatin1(buffer, result.ptr - buffer);
 }
 

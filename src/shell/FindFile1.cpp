@@ -127,10 +127,15 @@ void FindFile1::OKBtn_Click() {
 }
 
 void FindFile1::CancelBtn_Click() {
+    reject();
+}
+
+// Cancel, Esc and the close box all end here.
+void FindFile1::reject() {
     Globals& g = globals();
     g.gFindCancelled = true;
     if (g.gFindForReport)
         tellReport(tr("No File Types Selected"));
     Form_Unload();
-    reject();
+    QDialog::reject();
 }

@@ -32,6 +32,7 @@ public:
     void TabStrip1_Click(int tab);
     void OKBtn_Click();
     void CancelBtn_Click();
+    void reject() override;
 
 private:
     void Form_Load();

@@ -29,6 +29,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -314,11 +315,12 @@ void Quorvane1::showClock() {
 void Quorvane1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     // Activation runs once each time the window becomes the active one.
+    // The state is kept before the handler runs, which may show a box that moves the
+    // activation on.
     if (event->type() == QEvent::ActivationChange) {
-        const bool active = isActiveWindow();
-        if (active && !m_active)
+        const bool wasActive = std::exchange(m_active, isActiveWindow());
+        if (m_active && !wasActive)
             Form_Activate();
-        m_active = active;
     }
 }
 

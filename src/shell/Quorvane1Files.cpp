@@ -23,12 +23,29 @@ using namespace Quorvane1Shared;
 
 // The file commands of the main window, which the document windows use too.
 
+namespace {
+
+// The first extension of a mask such as "*.BMP;*.DIB", or nothing for a mask of wild names.
+QString firstExtensionOf(const QString& mask) {
+    const QString first = mask.section(u';', 0, 0).trimmed();
+    if (!first.startsWith(u"*."_s))
+        return {};
+    const QString extension = first.mid(2);
+    if (extension.isEmpty() || extension.contains(u'*') || extension.contains(u'?'))
+        return {};
+    return extension;
+}
+
+} // namespace
+
 void Quorvane1::mnuFileOpen_Click() {
     Messages::FileRequest request;
     request.title = tr("Select File to Open");
     request.folder = PTxShList1->folder();
     request.filterPairs = FileTypes::dialogFilter();
     request.filterIndex = CMBFILEFLTR->currentIndex();
+    if (const int row = CMBFILEFLTR->currentIndex(); row >= 0 && row < FileTypes::FilterRowCount)
+        request.defaultExtension = firstExtensionOf(mFileFilter[row]);
     const QString name = Messages::instance().openFileName(request, this);
     if (name.trimmed().isEmpty())
         return;
@@ -74,6 +91,7 @@ void Quorvane1::MoveFile(const QString& name) {
     request.folder = PathUtil::folderOf(name);
     request.fileName = PathUtil::nameOf(name);
     request.filterPairs = extension + u"|*."_s + extension;
+    request.defaultExtension = QFileInfo(name).suffix();
     const QString target = Messages::instance().saveFileName(request, this);
     if (target.trimmed().isEmpty())
         return;
@@ -109,6 +127,7 @@ void Quorvane1::SaveFileAs(const QString& file, const QImage* edited) {
     request.folder = PathUtil::folderOf(file);
     request.fileName = file;
     request.filterPairs = mFileExt + u"|*."_s + mFileExt;
+    request.defaultExtension = file.contains(u'/') ? QFileInfo(file).suffix() : mFileExt;
     const QString target = messages.saveFileName(request, this);
     if (target.trimmed().isEmpty())
         return;
@@ -122,12 +141,12 @@ void Quorvane1::SaveFileAs(const QString& file, const QImage* edited) {
             const ImageCodec::Picture picture = ImageCodec::decode(file);
             image = picture.image;
         }
-        const AppError error =
-            image.isNull()
-                ? AppError(ImageCodec::ReadFailed)
-                : ImageCodec::encode(image, target, FileTypes::GetFileFormatCode(mFileExt));
-        if (error)
+        if (image.isNull()) {
+            messages.inform(tr("File - ") + file + tr(" Not Saved"), this);
+        } else if (const AppError error =
+                       ImageCodec::encode(image, target, FileTypes::GetFileFormatCode(mFileExt))) {
             messages.inform(tr("Error Saving File - ") + QString::number(error.number()), this);
+        }
     } else if (FileOperations::copyFile(file, target, true)) {
         messages.inform(tr("Error Copying File - 0"), this);
     }

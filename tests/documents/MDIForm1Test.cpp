@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QFrame>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMenuBar>
 
 using namespace Qt::StringLiterals;
@@ -163,6 +164,41 @@ private Q_SLOTS:
         QVERIFY(!globals().gFrameOpen);
         h->window()->SetWinSizeVariables();
         QCOMPARE(globals().gFrameLeft, 4500.0);
+    }
+
+    void tileHorizontallyMakesRowsAndTileVerticallyColumns() {
+        display(u"x.jpg"_s);
+        display(u"notes.txt"_s);
+        const QList<ChildFrm1*> children = frame()->children();
+        QCOMPARE(children.size(), 2);
+        const QRect area = frame()->workspace()->viewport()->rect();
+        MainWindowHarness::menu(frame()->activeChild(), "mnuWindowTileHorz")->trigger();
+        for (ChildFrm1* child : children)
+            QCOMPARE(child->width(), area.width());
+        QCOMPARE(children[1]->y(), children[0]->y() + children[0]->height());
+        MainWindowHarness::menu(frame()->activeChild(), "mnuWindowTileVert")->trigger();
+        for (ChildFrm1* child : children)
+            QCOMPARE(child->height(), area.height());
+        QCOMPARE(children[1]->x(), children[0]->x() + children[0]->width());
+    }
+
+    void everyOpenOpensAfterOneThatFailed() {
+        h->folder().writePicture(u"y.jpg"_s);
+        h->folder().write(u"broken.jpg"_s, "not a picture at all");
+        display(u"x.jpg"_s);
+        h->activateMain();
+        // While the failure's box is up, the desktop hands the focus back to the main window.
+        h->messages().whileNextBoxShows([&] { h->activateMain(); });
+        h->window()->DisplayImage(h->folder().file(u"broken.jpg"_s));
+        QTRY_VERIFY(!h->messages().shown().isEmpty());
+        QTRY_COMPARE(frame()->mChildCount, qint16(1));
+        // File > Open File of the main window, answered with a good picture.
+        h->activateMain();
+        h->messages().answer(h->folder().file(u"y.jpg"_s));
+        h->window()->findChild<QAction*>(u"mnuFileOpen"_s)->trigger();
+        QTRY_COMPARE(frame()->mChildCount, qint16(2));
+        QTRY_VERIFY(frame()->activeChild());
+        QCOMPARE(frame()->activeChild()->windowTitle(), h->folder().file(u"y.jpg"_s));
     }
 };
 

@@ -92,6 +92,23 @@ private Q_SLOTS:
         QCOMPARE(NewSize1::heightFor(3, 2.0 / 3.0), 2);
         QCOMPARE(NewSize1::widthFor(5, 2.0), 2); // 2.5 to the even whole number
     }
+
+    void enterIsOkWhicheverControlHasTheFocus() {
+        for (const char* name : {"CancelBtn", "HelpBtn", "CHKASPECT", "SCWeight1", "TxtHeight1"}) {
+            NewSize1 dialog(300, 200);
+            dialog.InitTheForm(NewSize1::Picture);
+            auto* control = dialog.findChild<QWidget*>(QString::fromLatin1(name));
+            QVERIFY2(control, name);
+            QTest::keyClick(control, Qt::Key_Return);
+            bool ok = false;
+            int width = 0;
+            int height = 0;
+            bool resample = false;
+            dialog.GetResults(ok, width, height, resample);
+            QVERIFY2(ok, name);
+            QCOMPARE(width, 300);
+        }
+    }
 };
 
 QTEST_MAIN(NewSize1Test)

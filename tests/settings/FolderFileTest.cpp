@@ -76,3 +76,18 @@ TEST(SettingsText, ReadsTruthAsWordsOrNumbersAndWritesWords) {
     EXPECT_EQ(SettingsText::fromNumber(-75.25), u"-75.25"_s);
     EXPECT_EQ(SettingsText::writeFailureMessage(AppError(61)), u"Error: 61 - Disk full"_s);
 }
+
+TEST(SettingsText, WritesNumbersAsPlainDecimalsThatReadBack) {
+    const struct {
+        double value;
+        const char* text;
+    } cases[] = {{100000, "100000"}, {5500, "5500"},      {1e15, "1000000000000000"}, {0.1, "0.1"},
+                 {-75.25, "-75.25"}, {1e-7, "0.0000001"}, {123456.789, "123456.789"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(SettingsText::fromNumber(c.value), QString::fromLatin1(c.text));
+        double back = 0;
+        EXPECT_FALSE(SettingsText::toNumber(SettingsText::fromNumber(c.value), back));
+        EXPECT_EQ(back, c.value);
+    }
+}

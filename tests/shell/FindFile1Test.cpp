@@ -8,6 +8,8 @@
 #include <QRadioButton>
 #include <QTabBar>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 class FindFile1Test : public QObject {
@@ -74,15 +76,24 @@ private Q_SLOTS:
         QVERIFY(globals().gSearchArmed);
     }
 
-    void cancelLeavesTheSearchUnarmed() {
-        globals().gSearchMask = u"*.BMP"_s;
-        FindFile1 find(h->window());
-        find.show();
-        find.CancelBtn->click();
-        QVERIFY(globals().gFindCancelled);
-        QVERIFY(!globals().gSearchArmed);
-        QVERIFY(!globals().gFindFileOpen);
-        QCOMPARE(globals().gSearchMask, u"*.BMP"_s);
+    void cancelEscAndTheCloseBoxLeaveTheSearchUnarmedAndCancelled() {
+        const std::function<void(FindFile1&)> ways[] = {
+            [](FindFile1& find) { find.CancelBtn->click(); },
+            [](FindFile1& find) { QTest::keyClick(find.TabStrip1, Qt::Key_Escape); },
+            [](FindFile1& find) { find.close(); },
+        };
+        for (const auto& cancel : ways) {
+            globals().gSearchMask = u"*.BMP"_s;
+            globals().gFindCancelled = false;
+            FindFile1 find(h->window());
+            find.show();
+            cancel(find);
+            QVERIFY(globals().gFindCancelled);
+            QVERIFY(!globals().gSearchArmed);
+            QVERIFY(!globals().gFindFileOpen);
+            QCOMPARE(globals().gSearchMask, u"*.BMP"_s);
+            QCOMPARE(find.result(), int(QDialog::Rejected));
+        }
     }
 };
 

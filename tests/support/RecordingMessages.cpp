@@ -1,5 +1,7 @@
 #include "RecordingMessages.h"
 
+#include <utility>
+
 QStringList RecordingMessages::texts() const {
     QStringList result;
     for (const Shown& shown : m_shown)
@@ -15,12 +17,19 @@ QVariant RecordingMessages::next() {
     return reply;
 }
 
+void RecordingMessages::showing() {
+    if (m_whileShown)
+        std::exchange(m_whileShown, {})();
+}
+
 void RecordingMessages::inform(const QString& text, QWidget*) {
     m_shown.append({QStringLiteral("inform"), caption(), text, {}});
+    showing();
 }
 
 void RecordingMessages::informTitled(const QString& title, const QString& text, QWidget*) {
     m_shown.append({QStringLiteral("inform"), title, text, {}});
+    showing();
 }
 
 bool RecordingMessages::askYesNo(const QString& text, QWidget*) {
@@ -37,12 +46,12 @@ std::optional<QString> RecordingMessages::askText(const QString& title, const QS
     return reply.toString();
 }
 
-QString RecordingMessages::openFileName(FileRequest& request, QWidget*) {
+QString RecordingMessages::runOpenDialog(FileRequest& request, QWidget*) {
     m_shown.append({QStringLiteral("open"), request.title, request.filterPairs, request.folder});
     return next().toString();
 }
 
-QString RecordingMessages::saveFileName(FileRequest& request, QWidget*) {
+QString RecordingMessages::runSaveDialog(FileRequest& request, QWidget*) {
     m_shown.append({QStringLiteral("save"), request.title, request.filterPairs, request.folder});
     return next().toString();
 }

@@ -6,6 +6,7 @@
 #include "platform/tables/ParadoxKeyOrder.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QTime>
@@ -166,9 +167,20 @@ private:
                 return {};
             return (static_cast<uchar>(data[0]) & 0x7F) ? QStringLiteral("True")
                                                         : QStringLiteral("False");
+        case pxfTimestamp: {
+            if (isBlank(data, length) || length != 8)
+                return {};
+            // Milliseconds since the first of January of the year 1.
+            const double ms = realNumber(data);
+            if (!(ms >= 0 && ms < 4e17))
+                return {};
+            const auto whole = static_cast<qint64>(ms);
+            const QDate day = QDate::fromJulianDay(whole / 86400000 + 1721425);
+            const QTime clock = QTime::fromMSecsSinceStartOfDay(static_cast<int>(whole % 86400000));
+            return QDateTime(day, clock).toString(Qt::ISODate);
+        }
         case pxfNumber:
         case pxfCurrency:
-        case pxfTimestamp:
             if (isBlank(data, length) || length != 8)
                 return {};
             return QString::number(realNumber(data), 'g', 15);

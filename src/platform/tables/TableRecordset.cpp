@@ -1,5 +1,7 @@
 #include "platform/tables/TableRecordset.h"
 
+#include "platform/tables/TableDate.h"
+
 #include <QDir>
 
 #include <algorithm>
@@ -112,6 +114,15 @@ void TableRecordset::MovePrevious() {
         --m_position;
 }
 
+QStringList TableRecordset::shown(QStringList cells) const {
+    // Dates show the same way whichever kind of file holds them.
+    for (qsizetype c = 0; c < cells.size() && c < m_def.fields.size(); ++c) {
+        if (m_def.fields[c].type == TableTypes::Date)
+            cells[c] = TableDate::display(cells[c]);
+    }
+    return cells;
+}
+
 QStringList TableRecordset::row(qint64 index) {
     if (!m_rows || index < 0 || index >= RecordCount())
         return {};
@@ -124,7 +135,7 @@ QStringList TableRecordset::row(qint64 index) {
         const qint64 last = std::min(RecordCount(), first + BlockRows);
         rows.reserve(last - first);
         for (qint64 i = first; i < last; ++i)
-            rows.append(m_rows->row(i));
+            rows.append(shown(m_rows->row(i)));
         m_blocks.emplace_front(block, std::move(rows));
         if (m_blocks.size() > KeptBlocks)
             m_blocks.pop_back();

@@ -49,12 +49,13 @@ public:
     void MoveNext();
     void MovePrevious();
 
-    // The cells of a record as text; empty outside the table.
+    // The cells of a record as they show (dates in the locale's form); empty outside the table.
     QStringList row(qint64 index);
 
 private:
     TableRecordset() = default;
     void reorder(const QString& index);
+    QStringList shown(QStringList cells) const;
 
     std::unique_ptr<TableReader> m_reader;
     std::unique_ptr<TableRows> m_rows;
