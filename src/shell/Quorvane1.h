@@ -94,8 +94,11 @@ public:
 
     // Opens the help contents; a failure is told in a box.
     void showHelp();
-    // Shows a folder in the tree and the list.
+    // Shows a folder in the tree and the list, as the program's own move: the history keeps
+    // only folders chosen in the tree.
     void showFolder(const QString& folder);
+    // Chooses a folder in the tree, as the drive combo and the up button do.
+    void chooseFolderInTree(const QString& folder);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -129,6 +132,8 @@ private:
     void applyLayout(const MainLayout::Geometry& g);
     void showNamedWindow(const char* name, bool modal);
     void setListFilterFromCombo();
+    // Shows a folder in the tree because the program went there, not the user.
+    bool revealInTree(const QString& folder);
 
     void Form_Load();
     void Form_Activate();
@@ -170,6 +175,7 @@ private:
     bool mQuikPictOn = false;
     bool mDragging = false;
     bool mHistoryAdding = false;
+    bool m_treeFollowing = false;
     bool mListActive = false;
     int mSearchRootIndex = 0;
     bool mSearchRunning = false;

@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -195,6 +196,13 @@ void Quorvane1::PTxShList1_DblClick(const QString& path) {
     AddtoCMBFILE(path);
 }
 
+bool Quorvane1::revealInTree(const QString& folder) {
+    const bool wasFollowing = std::exchange(m_treeFollowing, true);
+    const bool shown = m_treeModel->revealPath(folder);
+    m_treeFollowing = wasFollowing;
+    return shown;
+}
+
 void Quorvane1::PTxShTree1_Click(const QModelIndex& index) {
     const ShellNamespace::Node* node = m_treeModel->nodeOf(index);
     if (!node)
@@ -205,7 +213,10 @@ void Quorvane1::PTxShTree1_Click(const QModelIndex& index) {
         setWindowTitle(Messages::caption());
     } else {
         setWindowTitle(node->displayName + u" - "_s + Messages::caption());
-        AddtoCMBFILE(node->path);
+        // Only a folder the user chose in the tree goes into the history, not one the tree
+        // shows because the list or the search went there.
+        if (!m_treeFollowing)
+            AddtoCMBFILE(node->path);
         if (PTxShList1->folder() != node->path)
             PTxShList1->setFolder(node->path);
     }
@@ -275,7 +286,7 @@ void Quorvane1::UpFldrBtn_Click() {
     const QString folder = PTxShList1->folder();
     if (folder.isEmpty() || PathUtil::isRoot(folder))
         return;
-    showFolder(PathUtil::folderOf(folder));
+    chooseFolderInTree(PathUtil::folderOf(folder));
 }
 
 void Quorvane1::FoldrBtn_Click() {
@@ -331,6 +342,11 @@ void Quorvane1::mnuUtilitiesUnExpand_Click() {
 }
 
 void Quorvane1::showFolder(const QString& folder) {
+    if (!revealInTree(folder))
+        PTxShList1->setFolder(folder);
+}
+
+void Quorvane1::chooseFolderInTree(const QString& folder) {
     if (!m_treeModel->revealPath(folder))
         PTxShList1->setFolder(folder);
 }

@@ -409,12 +409,12 @@ void Quorvane1::linkShellControls() {
             places.append(path);
     }
     PTxShCombo1->addItems(places);
-    connect(PTxShCombo1, &QComboBox::textActivated, this, &Quorvane1::showFolder);
+    connect(PTxShCombo1, &QComboBox::textActivated, this, &Quorvane1::chooseFolderInTree);
     connect(PTxShList1, &ShellList::folderChanged, this, [this](const QString& folder) {
         if (m_treeModel->nodeOf(PTxShTree1->currentIndex()) &&
             m_treeModel->nodeOf(PTxShTree1->currentIndex())->path == folder)
             return;
-        m_treeModel->revealPath(folder);
+        revealInTree(folder);
     });
     showFolder(globals().gAppPath);
 }

@@ -102,7 +102,7 @@ void Quorvane1::SearchFunction() {
     const SearchWalk::Result result = SearchWalk::run(m_treeModel->shellNamespace(), request, host);
     // An empty result leaves the list where it was.
     if (!result.found.isEmpty()) {
-        m_treeModel->revealPath(result.found);
+        revealInTree(result.found);
         PTxShList1->setFolder(result.found);
     }
     mSearchRootIndex = result.startIndex;

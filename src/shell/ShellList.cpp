@@ -3,8 +3,10 @@
 #include "shell/FileListModel.h"
 
 #include <QEvent>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QListView>
 #include <QStackedLayout>
 #include <QTreeView>
@@ -28,7 +30,9 @@ ShellList::ShellList(QWidget* parent)
          {static_cast<QAbstractItemView*>(m_icons), static_cast<QAbstractItemView*>(m_details)}) {
         view->setEditTriggers(QAbstractItemView::NoEditTriggers);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
-        connect(view, &QAbstractItemView::activated, this, &ShellList::activate);
+        // A double click or Enter opens; a single click only selects, whatever the desktop's
+        // setting for activation.
+        connect(view, &QAbstractItemView::doubleClicked, this, &ShellList::activate);
         view->installEventFilter(this);
     }
     m_icons->setUniformItemSizes(true);
@@ -64,7 +68,11 @@ QString ShellList::filter() const {
 }
 
 void ShellList::refresh() {
+    // The selected entry stays selected while it is still there.
+    const QString selected = selectedPath();
     m_model->reload();
+    if (!selected.isEmpty())
+        selectName(QFileInfo(selected).fileName());
 }
 
 void ShellList::setView(int view) {
@@ -150,6 +158,13 @@ void ShellList::setColors(const QColor& back, const QColor& fore, bool bold) {
 }
 
 bool ShellList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && watched == currentView()) {
+            activate(currentView()->currentIndex());
+            return true;
+        }
+    }
     if (event->type() == QEvent::FocusIn)
         Q_EMIT entered();
     else if (event->type() == QEvent::FocusOut)

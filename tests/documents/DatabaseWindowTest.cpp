@@ -422,6 +422,17 @@ private Q_SLOTS:
         }
         QVERIFY(h->messages().texts().isEmpty());
     }
+
+    void aCancelledMoveLeavesTheTableShown() {
+        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
+        ChildFrm1* child = open(u"SALES.DBF"_s);
+        QVERIFY(child);
+        menu(child, "mnuFileMove")->trigger(); // the destination dialog answers Cancel
+        QCOMPARE(h->messages().shown().last().kind, u"save"_s);
+        QCOMPARE(frame()->mChildCount, qint16(1));
+        QVERIFY(child->Data1->Recordset());
+        QCOMPARE(child->MSFlexGrid1->model()->rowCount(), 3);
+    }
 };
 
 QTEST_MAIN(DatabaseWindowTest)

@@ -17,6 +17,7 @@
 #include <QMdiArea>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -33,6 +34,17 @@ protected:
     void showEvent(QShowEvent* event) override {
         ++shows;
         QWidget::showEvent(event);
+    }
+};
+
+// A desktop set to open items on a single click.
+class SingleClickActivation : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        if (hint == QStyle::SH_ItemView_ActivateItemOnSingleClick)
+            return 1;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
     }
 };
 
@@ -64,6 +76,15 @@ private:
     void select(const QString& name) { QVERIFY(h->window()->shellList()->selectName(name)); }
     MDIForm1* frame() {
         return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
+    }
+    // The place of an entry of the file list on the screen of its view.
+    QPoint placeOf(const QString& name) {
+        ShellList* list = h->window()->shellList();
+        const QModelIndex index =
+            list->model()->index(list->model()->listing().indexOfName(name), 0);
+        // The view lays its entries out in batches after it is shown.
+        QTest::qWaitFor([&] { return list->currentView()->visualRect(index).isValid(); });
+        return list->currentView()->visualRect(index).center();
     }
 
 private Q_SLOTS:
@@ -166,9 +187,9 @@ private Q_SLOTS:
         QCOMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub/inner"_s));
         QCOMPARE(h->window()->windowTitle(), u"inner - Quorvane 2.5"_s);
         auto* history = control<QComboBox>("CMBFILE");
-        QCOMPARE(history->currentText(), h->folder().file(u"sub/inner"_s));
         QTest::mouseClick(control<QToolButton>("UpFldrBtn"), Qt::LeftButton);
         QCOMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub"_s));
+        QCOMPARE(history->currentText(), h->folder().file(u"sub"_s));
         auto* tree = control<QTreeView>("PTxShTree1");
         QCOMPARE(tree->currentIndex().data().toString(), u"sub"_s);
         QVERIFY(h->window()->searchRootIndex() > 0);
@@ -381,6 +402,36 @@ private Q_SLOTS:
         for (QLineEdit* editor : editors)
             QVERIFY(!editor->isVisible());
         QVERIFY(!(list->model()->flags(list->model()->index(0, 0)) & Qt::ItemIsEditable));
+    }
+
+    void aSingleClickOnlySelectsAndADoubleClickOrEnterOpens() {
+        SingleClickActivation style;
+        QAbstractItemView* view = h->window()->shellList()->currentView();
+        view->setStyle(&style);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, placeOf(u"x.jpg"_s));
+        QCOMPARE(globals().gCurrentFile, h->folder().file(u"x.jpg"_s));
+        QVERIFY(!frame());
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, placeOf(u"x.jpg"_s));
+        QTRY_VERIFY(frame());
+        QTRY_COMPARE(frame()->mChildCount, qint16(1));
+        h->activateMain();
+        select(u"y.jpg"_s);
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_Return);
+        QTRY_COMPARE(frame()->mChildCount, qint16(2));
+        view->setStyle(nullptr);
+    }
+
+    void theHistoryGetsOneEntryForEachFolderOrFileChosen() {
+        auto* history = control<QComboBox>("CMBFILE");
+        QCOMPARE(history->count(), 0); // the program's folder is shown, not chosen
+        QAbstractItemView* view = h->window()->shellList()->currentView();
+        const QPoint at = placeOf(u"sub"_s);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at);
+        QTRY_COMPARE(h->window()->shellList()->folder(), h->folder().file(u"sub"_s));
+        QCOMPARE(history->count(), 1);
+        QCOMPARE(history->itemText(0), h->folder().file(u"sub"_s));
     }
 };
 

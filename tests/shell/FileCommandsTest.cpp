@@ -164,6 +164,42 @@ private Q_SLOTS:
         QCOMPARE(h->messages().texts().last(), u"Error Copying File - 0"_s);
         QCOMPARE(h->folder().read(u"taken.txt"_s), QByteArray("taken.txt"));
     }
+
+    void aNameTypedWithoutExtensionGetsTheFilesOwn() {
+        QDir(h->folder().path()).mkdir(u"sub"_s);
+        select(u"photo.jpg"_s);
+        h->messages().answer(h->folder().file(u"sub/moved"_s));
+        answerModal<MoveFile1>(
+            [](MoveFile1* dialog) { dialog->findChild<QPushButton*>(u"OKBtn"_s)->click(); });
+        action("mnuFileMove")->trigger();
+        QVERIFY(h->folder().exists(u"sub/moved.jpg"_s));
+
+        select(u"notes.txt"_s);
+        h->messages().answer(h->folder().file(u"copy"_s));
+        action("mnuFileSave")->trigger();
+        QCOMPARE(h->folder().read(u"copy.txt"_s), QByteArray("notes.txt"));
+    }
+
+    void saveAsOfAPictureThatCannotBeReadSaysItIsNotSaved() {
+        h->folder().write(u"broken.jpg"_s, "not a picture");
+        h->window()->shellList()->refresh();
+        select(u"broken.jpg"_s);
+        h->messages().answer(h->folder().file(u"out.jpg"_s));
+        action("mnuFileSave")->trigger();
+        QCOMPARE(h->messages().texts().last(),
+                 u"File - "_s + h->folder().file(u"broken.jpg"_s) + u" Not Saved"_s);
+        QVERIFY(!h->folder().exists(u"out.jpg"_s));
+    }
+
+    void aDeclinedOrFailedDeleteLeavesTheMenusAsTheyWere() {
+        select(u"notes.txt"_s);
+        QVERIFY(action("mnuFileMove")->isEnabled());
+        h->messages().answer(false);
+        action("mnuFileDelete")->trigger();
+        QVERIFY(h->folder().exists(u"notes.txt"_s));
+        QVERIFY(action("mnuFileMove")->isEnabled());
+        QCOMPARE(h->window()->shellList()->selectedPath(), h->folder().file(u"notes.txt"_s));
+    }
 };
 
 QTEST_MAIN(FileCommandsTest)
