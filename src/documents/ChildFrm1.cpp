@@ -3,6 +3,7 @@
 #include "documents/MDIForm1.h"
 #include "documents/NewSize1.h"
 #include "documents/PictureDialog.h"
+#include "documents/TextLayout.h"
 #include "documents/TextLoader.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
@@ -230,14 +231,14 @@ void ChildFrm1::Form_Load() {
 
 void ChildFrm1::loadText(const QString& path) {
     mExt = FileTypes::GetFileExt(path);
-    Text1 = new QTextEdit(this);
+    // The text box sits at the top left of the window's content and follows the window's size
+    // by its own rule.
+    Text1 = new QTextEdit(widget());
     Text1->setObjectName(u"Text1"_s);
     Text1->setAccessibleName(tr("Text"));
     Text1->setReadOnly(true);
     Text1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    QWidget* content = widget();
-    setWidget(Text1);
-    delete content;
+    Text1->move(0, 0);
     m_frame->EnableTextButtons();
     // A file that cannot be read leaves the window empty, without a word.
     const TextLoader::Text text = TextLoader::load(path, mExt);
@@ -298,6 +299,7 @@ void ChildFrm1::placeInWorkspace() {
     if (Text1) {
         move(0, 0);
         resize(Twips::toPixels(6500), Twips::toPixels(4000));
+        layoutText();
         return;
     }
     if (Data1) {
@@ -311,6 +313,13 @@ void ChildFrm1::placeInWorkspace() {
     move(0, 0);
     const QSize frameExtra = size() - contentsRect().size();
     resize(Image1->image().size() + frameExtra);
+}
+
+void ChildFrm1::layoutText() {
+    const QSizeF text = TextLayout::textSize(
+        {Twips::fromPixels(width()), Twips::fromPixels(height())},
+        {Twips::fromPixels(Text1->width()), Twips::fromPixels(Text1->height())});
+    Text1->resize(Twips::toPixels(text.width()), Twips::toPixels(text.height()));
 }
 
 void ChildFrm1::setCheckMarks() {

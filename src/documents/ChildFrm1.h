@@ -121,6 +121,7 @@ private:
     QAction* menuAction(const char* name) const;
     void loadPicture(const QString& path);
     void loadText(const QString& path);
+    void layoutText();
     void loadDatabase(const QString& path);
     void buildDatabaseView();
     void fillIndexList();

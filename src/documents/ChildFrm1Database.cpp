@@ -475,6 +475,8 @@ void ChildFrm1::layoutDatabase() {
 
 void ChildFrm1::resizeEvent(QResizeEvent* event) {
     QMdiSubWindow::resizeEvent(event);
+    if (FILE_TYPE == u"T"_s && Text1)
+        layoutText();
     if (FILE_TYPE != u"D"_s || !Data1)
         return;
     DatabaseLayout::resize(m_placement, Twips::fromPixels(width()), Twips::fromPixels(height()));

@@ -267,6 +267,22 @@ private Q_SLOTS:
         QVERIFY(!child->DRAW_NOW_FLG);
         QVERIFY(!menu(child, "mnuImageText")->isChecked());
     }
+
+    void theTextFollowsItsWindowAndKeepsItsHeightInALowWindow() {
+        h->folder().write(u"notes.txt"_s, "text");
+        ChildFrm1* text = open(u"notes.txt"_s);
+        QVERIFY(text);
+        // Within a pixel, for the rounding of twips to pixels.
+        const auto near = [](int pixels, double twips) {
+            return qAbs(pixels - Twips::toPixels(twips)) <= 1;
+        };
+        QVERIFY(near(text->Text1->width(), 6400));
+        QVERIFY(near(text->Text1->height(), 4000 - 420));
+        const int kept = text->Text1->height();
+        text->resize(Twips::toPixels(3000), Twips::toPixels(300));
+        QVERIFY(near(text->Text1->width(), 2900));
+        QCOMPARE(text->Text1->height(), kept);
+    }
 };
 
 QTEST_MAIN(PictureWindowTest)
