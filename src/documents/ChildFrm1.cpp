@@ -17,6 +17,7 @@
 #include "shell/FileOperations.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
+#include "shell/Help.h"
 #include "shell/Quorvane1.h"
 #include "shell/Rename1.h"
 #include "shell/ShellList.h"
@@ -184,6 +185,25 @@ void ChildFrm1::buildMenus() {
         if (Quorvane1* main = Quorvane1::instance())
             main->FindNext();
     });
+    on("mnuFileProptee", &ChildFrm1::mnuFileProptee_Click);
+    on("mnuFilePrinter", [this] { Messages::instance().setUpPrinter(this); });
+    on("mnuHelpSearch", [this] { Help::showSearch(this); });
+    // The windows these commands reach, by name.
+    const struct {
+        const char* action;
+        const char* window;
+        WindowRegistry::Showing showing;
+    } windows[] = {
+        {"mnuViewThumbNails", "ThumBrow1", WindowRegistry::Modeless},
+        {"mnuUtilitiesFoldr", "SetFoldr1", WindowRegistry::Modeless},
+        {"mnuUtilitiesColor", "SetColor1", WindowRegistry::Modal},
+        {"mnuUtilitiesOptions", "SetOptns1", WindowRegistry::Modal},
+        {"mnuHelpQuikTips", "QuikTip1", WindowRegistry::Modeless},
+        {"mnuAbout", "About1", WindowRegistry::Modeless},
+    };
+    for (const auto& w : windows)
+        WindowRegistry::connectCommand(menuAction(w.action), QString::fromLatin1(w.window),
+                                       w.showing);
     on("mnuViewTable", &ChildFrm1::mnuViewTable_Click);
     on("mnuViewIndex", &ChildFrm1::mnuViewIndex_Click);
     on("mnuViewComments", &ChildFrm1::mnuViewComments_Click);
@@ -674,19 +694,13 @@ void ChildFrm1::mnuFilePrint_Click() {
     g.gCallerTag = u"M"_s;
     m_frame->mPrintPassword = mPassword;
     g.gPrintListItem = mTableName;
-    if (QWidget* print = WindowRegistry::touch(u"PrntFrm1"_s)) {
-        print->show();
-        print->raise();
-    }
+    WindowRegistry::show(u"PrntFrm1"_s);
 }
 
 void ChildFrm1::mnuFileSend_Click() {
     saveChangesInPlace();
     globals().gCurrentFile = windowTitle();
-    if (QWidget* send = WindowRegistry::touch(u"SendFile1"_s)) {
-        send->show();
-        send->raise();
-    }
+    WindowRegistry::show(u"SendFile1"_s);
 }
 
 void ChildFrm1::mnuFileOLE_Click() {
@@ -708,8 +722,14 @@ void ChildFrm1::mnuFileClose_Click() {
 }
 
 void ChildFrm1::mnuHelpContents_Click() {
-    if (Quorvane1* main = Quorvane1::instance())
-        main->showHelp();
+    Help::showContents(this);
+}
+
+void ChildFrm1::mnuFileProptee_Click() {
+    Globals& g = globals();
+    g.gCallerTag = u"M"_s;
+    g.gOpenFile = windowTitle();
+    WindowRegistry::show(u"ProPert1"_s, WindowRegistry::Modal);
 }
 
 // The commands below act on the document's contents and on files; they come with the

@@ -97,6 +97,7 @@ public:
     void mnuViewComments_Click();
     void mnuHelpContents_Click();
     void mnuFileOLE_Click();
+    void mnuFileProptee_Click();
     void mnuImageFlip_Click();
     void mnuImageReverse_Click();
     void mnuImageInvert_Click();

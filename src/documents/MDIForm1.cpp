@@ -10,6 +10,7 @@
 #include "platform/WindowRegistry.h"
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
+#include "shell/Help.h"
 #include "shell/Quorvane1.h"
 
 #include <QAction>
@@ -156,18 +157,31 @@ void MDIForm1::buildMenus() {
     exit->setObjectName(u"mnuFileExit"_s);
     connect(exit, &QAction::triggered, this, &QWidget::close);
 
+    auto add = [](QMenu* menu, const QString& caption, const QString& name) {
+        QAction* action = menu->addAction(caption);
+        action->setObjectName(name);
+        return action;
+    };
     QMenu* utilities = new QMenu(tr("&Utilities"), this);
     utilities->setObjectName(u"mnuUtilities"_s);
-    utilities->addAction(tr("Set Working Folders"))->setObjectName(u"mnuUtilitiesSetFoldr"_s);
-    utilities->addAction(tr("Set Application Colors"))->setObjectName(u"mnuUtilitiesColor"_s);
-    utilities->addAction(tr("Set Application Options"))->setObjectName(u"mnuUtilitiesOptions"_s);
+    WindowRegistry::connectCommand(
+        add(utilities, tr("Set Working Folders"), u"mnuUtilitiesSetFoldr"_s), u"SetFoldr1"_s);
+    WindowRegistry::connectCommand(
+        add(utilities, tr("Set Application Colors"), u"mnuUtilitiesColor"_s), u"SetColor1"_s,
+        WindowRegistry::Modal);
+    WindowRegistry::connectCommand(
+        add(utilities, tr("Set Application Options"), u"mnuUtilitiesOptions"_s), u"SetOptns1"_s,
+        WindowRegistry::Modal);
 
     QMenu* help = new QMenu(tr("&Help"), this);
     help->setObjectName(u"mnuHelp"_s);
-    help->addAction(tr("Contents"))->setObjectName(u"mnuHelpContents"_s);
-    help->addAction(tr("Search Help"))->setObjectName(u"mnuHelpSearch"_s);
-    help->addAction(tr("Quick Tips"))->setObjectName(u"mnuHelpQuikTips"_s);
-    help->addAction(tr("About Quorvane"))->setObjectName(u"mnuAbout"_s);
+    connect(add(help, tr("Contents"), u"mnuHelpContents"_s), &QAction::triggered, this,
+            &MDIForm1::mnuHelpContents_Click);
+    connect(add(help, tr("Search Help"), u"mnuHelpSearch"_s), &QAction::triggered, this,
+            [this] { Help::showSearch(this); });
+    WindowRegistry::connectCommand(add(help, tr("Quick Tips"), u"mnuHelpQuikTips"_s),
+                                   u"QuikTip1"_s);
+    WindowRegistry::connectCommand(add(help, tr("About Quorvane"), u"mnuAbout"_s), u"About1"_s);
 
     m_ownMenus = {file, utilities, help};
     showMenusOf(nullptr);
@@ -320,8 +334,7 @@ QString MDIForm1::askDocumentToOpen(QWidget* parent, const QString& defaultExten
 }
 
 void MDIForm1::mnuHelpContents_Click() {
-    if (Quorvane1* main = Quorvane1::instance())
-        main->showHelp();
+    Help::showContents(this);
 }
 
 void MDIForm1::Toolbar1_ButtonClick(QAction* action) {

@@ -48,6 +48,8 @@ public:
     virtual std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                               QWidget* parent = nullptr) = 0;
     virtual std::optional<QFont> chooseFont(const QFont& initial, QWidget* parent = nullptr) = 0;
+    // The common printer dialog for the setup of the program's printer alone; false on Cancel.
+    virtual bool setUpPrinter(QWidget* parent = nullptr) = 0;
 
     // The service in use; the desktop's dialogs unless another was installed.
     static Messages& instance();

@@ -1,12 +1,14 @@
 #include "platform/QtMessages.h"
 
 #include "platform/DialogFilter.h"
+#include "platform/PrinterChoice.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
 
 namespace {
 
@@ -83,4 +85,14 @@ std::optional<QFont> QtMessages::chooseFont(const QFont& initial, QWidget* paren
     if (!ok)
         return std::nullopt;
     return font;
+}
+
+bool QtMessages::setUpPrinter(QWidget* parent) {
+    QPrintDialog dialog(&PrinterChoice::printer(), parent);
+    dialog.setWindowTitle(QPrintDialog::tr("Printer Setup"));
+    // The setup chooses the printer and its settings; what to print is asked by each job.
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage, false);
+    return dialog.exec() == QDialog::Accepted;
 }

@@ -15,4 +15,5 @@ public:
     std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                       QWidget* parent) override;
     std::optional<QFont> chooseFont(const QFont& initial, QWidget* parent) override;
+    bool setUpPrinter(QWidget* parent) override;
 };

@@ -1,5 +1,7 @@
 #include "platform/WindowRegistry.h"
 
+#include <QAction>
+#include <QDialog>
 #include <QHash>
 
 namespace {
@@ -47,4 +49,24 @@ QWidget* WindowRegistry::touch(const QString& name) {
     if (created)
         add(name, created);
     return created;
+}
+
+bool WindowRegistry::show(const QString& name, Showing showing) {
+    QWidget* window = touch(name);
+    if (!window)
+        return false;
+    if (auto* dialog = qobject_cast<QDialog*>(window); dialog && showing == Modal) {
+        dialog->exec();
+        return true;
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+    return true;
+}
+
+void WindowRegistry::connectCommand(QAction* action, const QString& name, Showing showing) {
+    if (action)
+        QObject::connect(action, &QAction::triggered, action,
+                         [name, showing] { show(name, showing); });
 }

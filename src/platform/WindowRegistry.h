@@ -4,6 +4,8 @@
 #include <QString>
 #include <QWidget>
 
+class QAction;
+
 #include <functional>
 
 // The single instances of the program's windows, addressed by name. A window enters the
@@ -32,4 +34,12 @@ public:
     // The named window, made by its factory when it does not exist yet; nothing when no
     // factory is known for it.
     static QWidget* touch(const QString& name);
+
+    // How every window reaches another: the named window, made on first touch, shown and
+    // brought to the front, or run as a dialog when it is one and `modal` is asked for. False
+    // when no such window is known.
+    enum Showing { Modeless, Modal };
+    static bool show(const QString& name, Showing showing = Modeless);
+    // A menu command that shows the named window.
+    static void connectCommand(QAction* action, const QString& name, Showing showing = Modeless);
 };

@@ -1,5 +1,7 @@
 #include "shell/FindFile1.h"
 
+#include "shell/Help.h"
+
 #include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
 #include "shell/FindMasks.h"
@@ -71,10 +73,7 @@ FindFile1::FindFile1(QWidget* parent) : QDialog(parent) {
     connect(TabStrip1, &QTabBar::currentChanged, this, &FindFile1::TabStrip1_Click);
     connect(OKBtn, &QPushButton::clicked, this, &FindFile1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &FindFile1::CancelBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [] {
-        if (Quorvane1* main = Quorvane1::instance())
-            main->showHelp();
-    });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
     Form_Load();
 }
 

@@ -81,7 +81,6 @@ void Quorvane1::Form_Load() {
     g.gAppPath = QDir::currentPath();
     linkShellControls();
     mStartView = PTxShList1->view();
-    m_helpFile = PathUtil::join(g.gAppPath, u"Help/index.html"_s);
     QuikPictBtn->setIcon(QIcon(PathUtil::join(g.gAppPath, u"BMPS/Picture3.Bmp"_s)));
     g.gFindNextReady = true;
     g.gSearchArmed = true;
@@ -277,7 +276,7 @@ void Quorvane1::Form_Activate() {
         PTxShList1->update();
     }
     if (globals().gShowTipsNow && globals().gQuickTipsOption)
-        showNamedWindow("QuikTip1", false);
+        WindowRegistry::show(u"QuikTip1"_s);
     PTxShCombo1->setVisible(false);
     PTxShCombo1->setVisible(true);
     mFirstActivate = false;

@@ -74,7 +74,6 @@ public:
     const QString& fileExt() const { return mFileExt; }
     bool isTextFile() const { return mIsTextFile; }
     void setTextFileFlag(bool on) { mIsTextFile = on; }
-    const QString& helpFile() const { return m_helpFile; }
     const QString& fileFilter(int index) const { return mFileFilter.at(index); }
     // The folder shown by the folder tree and the file list.
     QString treeFolder() const;
@@ -92,8 +91,6 @@ public:
     void AddReportFolder(const QString& folder, const QStringList& fileNames);
     bool searchRunning() const { return mSearchRunning; }
 
-    // Opens the help contents; a failure is told in a box.
-    void showHelp();
     // Shows a folder in the tree and the list, as the program's own move: the history keeps
     // only folders chosen in the tree.
     void showFolder(const QString& folder);
@@ -130,7 +127,6 @@ private:
     void applyColors();
     void showClock();
     void applyLayout(const MainLayout::Geometry& g);
-    void showNamedWindow(const char* name, bool modal);
     void setListFilterFromCombo();
     // Shows a folder in the tree because the program went there, not the user.
     bool revealInTree(const QString& folder);
@@ -183,7 +179,6 @@ private:
     std::array<QString, 63> mFileFilter;
     double mTreeRatio = 0;
     double mListRatio = 0;
-    QString m_helpFile;
     bool m_unloaded = false;
     bool m_active = false;
 

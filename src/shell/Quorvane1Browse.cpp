@@ -133,25 +133,6 @@ void Quorvane1::DisplayImage(const QString& file) {
     }
 }
 
-void Quorvane1::showNamedWindow(const char* name, bool modal) {
-    QWidget* window = WindowRegistry::touch(QString::fromLatin1(name));
-    if (!window)
-        return;
-    if (auto* dialog = qobject_cast<QDialog*>(window); dialog && modal) {
-        dialog->exec();
-        return;
-    }
-    window->show();
-    window->raise();
-    window->activateWindow();
-}
-
-void Quorvane1::showHelp() {
-    if (!QFileInfo::exists(m_helpFile) ||
-        !QDesktopServices::openUrl(QUrl::fromLocalFile(m_helpFile)))
-        Messages::instance().inform(AppError(AppError::FileNotFound).description(), this);
-}
-
 void Quorvane1::PTxShList1_SelectionChanged(const QString& path) {
     Globals& g = globals();
     g.gCurrentFile = path;

@@ -1,6 +1,9 @@
 #include "shell/Quorvane1.h"
 #include "shell/Quorvane1Shared.h"
 
+#include "platform/Messages.h"
+#include "shell/Help.h"
+
 #include "documents/ChildFrm1.h"
 #include "platform/PathUtil.h"
 #include "platform/Twips.h"
@@ -195,9 +198,9 @@ void Quorvane1::buildButtons(QWidget* client) {
     connect(PrintBtn, &QToolButton::clicked, this, &Quorvane1::mnuFilePrint_Click);
     connect(SendBtn, &QToolButton::clicked, this, &Quorvane1::mnuFileSend_Click);
     connect(client->findChild<QToolButton*>(u"ThumbsBtn"_s), &QToolButton::clicked, this,
-            [this] { showNamedWindow("ThumBrow1", false); });
+            [] { WindowRegistry::show(u"ThumBrow1"_s); });
     connect(client->findChild<QToolButton*>(u"OrgViewBtn"_s), &QToolButton::clicked, this,
-            [this] { showNamedWindow("GrpBrow1", false); });
+            [] { WindowRegistry::show(u"GrpBrow1"_s); });
     connect(client->findChild<QToolButton*>(u"OrgMaintBtn"_s), &QToolButton::clicked, this,
             &Quorvane1::mnuOrganizeFileMaint_Click);
 
@@ -240,7 +243,7 @@ void Quorvane1::buildButtons(QWidget* client) {
     }
     connect(QuikPictBtn, &QToolButton::clicked, this, &Quorvane1::QuikPictBtn_Click);
     connect(FoldrBtn, &QToolButton::clicked, this, &Quorvane1::FoldrBtn_Click);
-    connect(HelpBtn, &QToolButton::clicked, this, &Quorvane1::showHelp);
+    connect(HelpBtn, &QToolButton::clicked, this, [this] { Help::showContents(this); });
 
     // The filter buttons in Frame2.
     struct Filter {
@@ -321,7 +324,8 @@ void Quorvane1::buildMenus() {
     file->addSeparator();
     connect(addCommand(file, "mnuFilePrint", tr("Print File")), &QAction::triggered, this,
             &Quorvane1::mnuFilePrint_Click);
-    addCommand(file, "mnuFilePrintSetup", tr("Printer Setup"));
+    connect(addCommand(file, "mnuFilePrintSetup", tr("Printer Setup")), &QAction::triggered, this,
+            [this] { Messages::instance().setUpPrinter(this); });
     connect(addCommand(file, "mnuFileSend", tr("Send File")), &QAction::triggered, this,
             &Quorvane1::mnuFileSend_Click);
     connect(addCommand(file, "mnuFileProptee", tr("File Properties")), &QAction::triggered, this,
@@ -340,33 +344,37 @@ void Quorvane1::buildMenus() {
             this, [this] { callActiveChild(&ChildFrm1::mnuViewComments_Click); });
     view->addSeparator();
     connect(addCommand(view, "mnuViewThumbNails", tr("Browse Pictures in a Folder")),
-            &QAction::triggered, this, [this] { showNamedWindow("ThumBrow1", false); });
+            &QAction::triggered, this, [] { WindowRegistry::show(u"ThumBrow1"_s); });
 
     QMenu* organize = menuBar()->addMenu(tr("&Organize"));
     organize->setObjectName(u"mnuOrganize"_s);
     connect(addCommand(organize, "mnuOrganizeGroup", tr("View and Select File Groups")),
-            &QAction::triggered, this, [this] { showNamedWindow("GrpBrow1", false); });
+            &QAction::triggered, this, [] { WindowRegistry::show(u"GrpBrow1"_s); });
     connect(addCommand(organize, "mnuOrganizeGrpMaint", tr("Create and Maintain File Groups")),
-            &QAction::triggered, this, [this] { showNamedWindow("GrpMaint", false); });
+            &QAction::triggered, this, [] { WindowRegistry::show(u"GrpMaint"_s); });
     connect(addCommand(organize, "mnuOrganizeFileMaint",
                        tr("Select, Add, and Maintain Files in a Group")),
             &QAction::triggered, this, &Quorvane1::mnuOrganizeFileMaint_Click);
     connect(addCommand(organize, "mnuOrganizeSearch", tr("Organize Files with Disk Search")),
-            &QAction::triggered, this, [this] { showNamedWindow("GrpBatch1", false); });
+            &QAction::triggered, this, [] { WindowRegistry::show(u"GrpBatch1"_s); });
     organize->addSeparator();
     connect(addCommand(organize, "mnuOrganizeClear", tr("Clear all File Data in Database")),
-            &QAction::triggered, this, [this] { showNamedWindow("GrpClear1", true); });
+            &QAction::triggered, this,
+            [] { WindowRegistry::show(u"GrpClear1"_s, WindowRegistry::Modal); });
     connect(addCommand(organize, "mnuOrganizeRepair", tr("Repair or Compact Database")),
-            &QAction::triggered, this, [this] { showNamedWindow("GrpRepair1", true); });
+            &QAction::triggered, this,
+            [] { WindowRegistry::show(u"GrpRepair1"_s, WindowRegistry::Modal); });
 
     QMenu* utilities = menuBar()->addMenu(tr("&Utilities"));
     utilities->setObjectName(u"mnuUtilities"_s);
     connect(addCommand(utilities, "mnuUtilitiesFolder", tr("Set Working Folders")),
-            &QAction::triggered, this, [this] { showNamedWindow("SetFoldr1", false); });
+            &QAction::triggered, this, [] { WindowRegistry::show(u"SetFoldr1"_s); });
     connect(addCommand(utilities, "mnuUtilitiesColors", tr("Set Application Colors")),
-            &QAction::triggered, this, [this] { showNamedWindow("SetColor1", true); });
+            &QAction::triggered, this,
+            [] { WindowRegistry::show(u"SetColor1"_s, WindowRegistry::Modal); });
     connect(addCommand(utilities, "mnuUtilitiesOptions", tr("Set Application Options")),
-            &QAction::triggered, this, [this] { showNamedWindow("SetOptns1", true); });
+            &QAction::triggered, this,
+            [] { WindowRegistry::show(u"SetOptns1"_s, WindowRegistry::Modal); });
     connect(addCommand(utilities, "mnuUtilitiesNetw", tr("Set Computer in Network")),
             &QAction::triggered, this, &Quorvane1::mnuUtilitiesNetw_Click);
     utilities->addSeparator();
@@ -379,13 +387,13 @@ void Quorvane1::buildMenus() {
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->setObjectName(u"mnuHelp"_s);
     connect(addCommand(help, "mnuHelpContents", tr("Contents")), &QAction::triggered, this,
-            &Quorvane1::showHelp);
+            [this] { Help::showContents(this); });
     connect(addCommand(help, "mnuHelpSearch", tr("Search Help Topic")), &QAction::triggered, this,
-            &Quorvane1::showHelp);
+            [this] { Help::showSearch(this); });
     connect(addCommand(help, "mnuHelpQuikTips", tr("Quick Tips")), &QAction::triggered, this,
-            [this] { showNamedWindow("QuikTip1", false); });
+            [] { WindowRegistry::show(u"QuikTip1"_s); });
     connect(addCommand(help, "mnuAbout", tr("About Quorvane")), &QAction::triggered, this,
-            [this] { showNamedWindow("About1", false); });
+            [] { WindowRegistry::show(u"About1"_s); });
 }
 
 void Quorvane1::linkShellControls() {

@@ -203,19 +203,19 @@ void Quorvane1::mnuFilePrint_Click() {
             g.gPrintListItem = child->mTableName;
     }
     g.gCallerTag = u"F"_s;
-    showNamedWindow("PrntFrm1", false);
+    WindowRegistry::show(u"PrntFrm1"_s);
 }
 
 void Quorvane1::mnuFileSend_Click() {
     globals().gCurrentFile = PTxShList1->selectedPath();
-    showNamedWindow("SendFile1", false);
+    WindowRegistry::show(u"SendFile1"_s);
 }
 
 void Quorvane1::mnuFileProptee_Click() {
     Globals& g = globals();
     g.gCallerTag = u"F"_s;
     g.gOpenFile = PTxShList1->selectedPath();
-    showNamedWindow("ProPert1", true);
+    WindowRegistry::show(u"ProPert1"_s, WindowRegistry::Modal);
 }
 
 void Quorvane1::mnuOrganizeFileMaint_Click() {
@@ -228,5 +228,5 @@ void Quorvane1::mnuOrganizeFileMaint_Click() {
         g.gCurrentFile = PTxShList1->selectedPath();
     }
     g.gOpenFile = g.gCurrentFile;
-    showNamedWindow("GrpFlem1", false);
+    WindowRegistry::show(u"GrpFlem1"_s);
 }

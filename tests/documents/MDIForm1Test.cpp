@@ -4,12 +4,35 @@
 #include "support/MainWindowHarness.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QFrame>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QTimer>
+
+#include <map>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// A window of a later part of the program, standing in for it: it counts its showings and a
+// modal one closes itself at once.
+class StandIn : public QDialog {
+public:
+    int shows = 0;
+
+protected:
+    void showEvent(QShowEvent* event) override {
+        ++shows;
+        QDialog::showEvent(event);
+        if (isModal())
+            QTimer::singleShot(0, this, &QDialog::reject);
+    }
+};
+
+} // namespace
 
 class MDIForm1Test : public QObject {
     Q_OBJECT
@@ -199,6 +222,62 @@ private Q_SLOTS:
         QTRY_COMPARE(frame()->mChildCount, qint16(2));
         QTRY_VERIFY(frame()->activeChild());
         QCOMPARE(frame()->activeChild()->windowTitle(), h->folder().file(u"y.jpg"_s));
+    }
+
+    void theFramesAndTheDocumentsCommandsReachTheirWindowsByName() {
+        std::map<QString, StandIn*> made;
+        const QStringList names = {u"ThumBrow1"_s, u"ProPert1"_s, u"SetFoldr1"_s, u"SetColor1"_s,
+                                   u"SetOptns1"_s, u"QuikTip1"_s, u"About1"_s};
+        for (const QString& name : names) {
+            WindowRegistry::setFactory(name, [&made, name] {
+                auto* window = new StandIn;
+                made[name] = window;
+                return window;
+            });
+        }
+        display(u"x.jpg"_s);
+        ChildFrm1* child = frame()->activeChild();
+        const auto frameCommand = [this](const char* name) {
+            return frame()->findChild<QAction*>(QString::fromLatin1(name));
+        };
+        const struct {
+            QAction* command;
+            QString window;
+        } cases[] = {
+            {MainWindowHarness::menu(child, "mnuViewThumbNails"), u"ThumBrow1"_s},
+            {MainWindowHarness::menu(child, "mnuFileProptee"), u"ProPert1"_s},
+            {MainWindowHarness::menu(child, "mnuUtilitiesFoldr"), u"SetFoldr1"_s},
+            {MainWindowHarness::menu(child, "mnuUtilitiesColor"), u"SetColor1"_s},
+            {MainWindowHarness::menu(child, "mnuUtilitiesOptions"), u"SetOptns1"_s},
+            {MainWindowHarness::menu(child, "mnuHelpQuikTips"), u"QuikTip1"_s},
+            {MainWindowHarness::menu(child, "mnuAbout"), u"About1"_s},
+            {frameCommand("mnuUtilitiesSetFoldr"), u"SetFoldr1"_s},
+            {frameCommand("mnuUtilitiesColor"), u"SetColor1"_s},
+            {frameCommand("mnuUtilitiesOptions"), u"SetOptns1"_s},
+            {frameCommand("mnuHelpQuikTips"), u"QuikTip1"_s},
+            {frameCommand("mnuAbout"), u"About1"_s},
+        };
+        for (const auto& c : cases) {
+            QVERIFY2(c.command, qPrintable(c.window));
+            const int before = made.count(c.window) ? made[c.window]->shows : 0;
+            c.command->trigger();
+            QVERIFY2(made.count(c.window), qPrintable(c.window));
+            QCOMPARE(made[c.window]->shows, before + 1);
+            made[c.window]->hide();
+        }
+        QCOMPARE(globals().gCallerTag, u"M"_s);
+        QCOMPARE(globals().gOpenFile, h->folder().file(u"x.jpg"_s));
+
+        // Printer Setup goes to the common printer dialog, from the document and the browser.
+        MainWindowHarness::menu(child, "mnuFilePrinter")->trigger();
+        h->window()->findChild<QAction*>(u"mnuFilePrintSetup"_s)->trigger();
+        QCOMPARE(h->messages().shown().size(), 2);
+        for (const RecordingMessages::Shown& shown : h->messages().shown())
+            QCOMPARE(shown.kind, u"printer"_s);
+        for (const QString& name : names)
+            WindowRegistry::setFactory(name, nullptr);
+        for (const auto& [name, window] : made)
+            delete window;
     }
 };
 

@@ -335,7 +335,6 @@ private Q_SLOTS:
         (*m_messages)->answer(u"y"_s);
         auto window = start();
         QCOMPARE(globals().gAppPath, other.path());
-        QCOMPARE(window->helpFile(), other.file(u"Help/index.html"_s));
         window->close();
         QCOMPARE(TextFile::readLines(other.file(u"Options.INI"_s)).lines.value(23), u"y"_s);
         QVERIFY(!m_dir->exists(u"Options.INI"_s));

@@ -82,3 +82,8 @@ ScopedRecordingMessages::ScopedRecordingMessages() {
 ScopedRecordingMessages::~ScopedRecordingMessages() {
     Messages::install(std::move(m_previous));
 }
+
+bool RecordingMessages::setUpPrinter(QWidget*) {
+    m_shown.append({QStringLiteral("printer"), {}, {}, {}});
+    return next().toBool();
+}

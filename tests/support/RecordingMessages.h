@@ -14,14 +14,15 @@
 class RecordingMessages final : public Messages {
 public:
     struct Shown {
-        QString kind; // "inform", "askYesNo", "askText", "open", "save", "color", "font"
+        QString kind; // "inform", "askYesNo", "askText", "open", "save", "color", "font",
+                      // "printer"
         QString title;
         QString text;
         QString proposed;
     };
 
-    // Answers: a bool for askYesNo, a QString for askText and the file dialogs (a null
-    // QVariant for Cancel), a QColor or QFont for their dialogs.
+    // Answers: a bool for askYesNo and the printer setup, a QString for askText and the file
+    // dialogs (a null QVariant for Cancel), a QColor or QFont for their dialogs.
     void answer(const QVariant& reply) { m_answers.push_back(reply); }
 
     // Runs once while the next box is up, as the user and the desktop act while a real box
@@ -42,6 +43,7 @@ public:
     std::optional<QColor> chooseColor(const QString& title, const QColor& initial,
                                       QWidget* parent) override;
     std::optional<QFont> chooseFont(const QFont& initial, QWidget* parent) override;
+    bool setUpPrinter(QWidget* parent) override;
 
 private:
     QVariant next();
