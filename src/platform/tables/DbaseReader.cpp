@@ -3,6 +3,7 @@
 #include "platform/PathUtil.h"
 
 #include "platform/tables/CompanionFile.h"
+#include "platform/tables/DbaseHeader.h"
 #include "platform/tables/DbaseIndex.h"
 #include "platform/tables/DbaseMemoFile.h"
 
@@ -103,6 +104,20 @@ TableReader::Opened DbaseReader::openFile(const QString& path) {
     opened.error = AppError(AppError::FileNotFound);
     if (!QFileInfo(path).isFile())
         return opened;
+    {
+        // The header is checked before the table library reads it.
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            opened.error = AppError(AppError::PathFileAccess);
+            return opened;
+        }
+        const QByteArray first = file.peek(12);
+        const QByteArray header = file.read(std::max<qint64>(12, DbaseHeader::headerLength(first)));
+        if (!DbaseHeader::isSound(header, file.size())) {
+            opened.error = AppError(AppError::PathFileAccess);
+            return opened;
+        }
+    }
     std::unique_ptr<DbaseReader> reader(new DbaseReader);
     reader->m_path = path;
     if (!reader->m_links.isValid()) {

@@ -419,3 +419,45 @@ TEST(DbaseReader, ATableWhoseMemoFileIsMissingOpensWithEmptyMemos) {
     EXPECT_EQ(rows[2][5], QString());
     readEveryRow(dir, u"dBASE 5.0;"_s, u"SALES.DBF"_s, "without its memo file");
 }
+
+TEST(DbaseReader, HeadersAndFieldDescriptorsThatLieAreRefusedBeforeTheyAreRead) {
+    QStringList tables{generatedTables() + u"/SALES.DBF"_s, generatedTables() + u"/ITEMS.DBF"_s};
+    if (QFileInfo(sharedFixtures()).isDir()) {
+        for (const char* name : {"class.DBF", "dbase_83.dbf", "dbase_8b.dbf"})
+            tables.append(sharedFixtures() + u"/dbase/"_s + QString::fromLatin1(name));
+    }
+    // Each lie: a place in the file and the bytes written there (the first field's descriptor
+    // starts at 32).
+    const struct {
+        const char* what;
+        qsizetype at;
+        QByteArray bytes;
+    } lies[] = {
+        {"record length 0", 10, QByteArray("\x00\x00", 2)},
+        {"record length 1", 10, QByteArray("\x01\x00", 2)},
+        {"record length 65535", 10, QByteArray("\xFF\xFF", 2)},
+        {"header length 0", 8, QByteArray("\x00\x00", 2)},
+        {"header length 33", 8, QByteArray("\x21\x00", 2)},
+        {"header length 65535", 8, QByteArray("\xFF\xFF", 2)},
+        {"field length 0", 48, QByteArray("\x00", 1)},
+        {"field length 255", 48, QByteArray("\xFF", 1)},
+        {"field decimals 255", 49, QByteArray("\xFF", 1)},
+        {"field type unknown", 43, QByteArray("X")},
+        {"field name unended", 32, QByteArray("ABCDEFGHIJKL")},
+        {"field offset far", 44, QByteArray("\xFF\xFF\xFF\x7F", 4)},
+        {"no end of fields", 32, QByteArray(2048, 'A')},
+    };
+    for (const QString& table : tables) {
+        const QByteArray good = bytesOf(table);
+        ASSERT_GT(good.size(), 64) << table.toStdString();
+        for (const auto& lie : lies) {
+            QByteArray bytes = good;
+            bytes.replace(lie.at, std::min(lie.bytes.size(), bytes.size() - lie.at), lie.bytes);
+            bytes.truncate(good.size());
+            TempFolder dir;
+            dir.write(QFileInfo(table).fileName(), bytes);
+            const std::string what = QFileInfo(table).fileName().toStdString() + ": " + lie.what;
+            readEveryRow(dir, u"dBASE 5.0;"_s, QFileInfo(table).fileName(), what);
+        }
+    }
+}
