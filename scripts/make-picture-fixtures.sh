@@ -17,6 +17,13 @@ convert base.png -monochrome mono.png
 convert base.png -quality 90 jpeg-baseline.JPG
 convert base.png -interlace JPEG jpeg-progressive.JPG
 convert gray.png jpeg-gray.JPG
+# Four-colour JPEGs as print programs write them, of four patches (red, green, blue, white), each
+# 16 pixels wide: ImageMagick writes YCCK under Adobe's marker, Pillow plain CMYK under it, both
+# with the inverted values of Adobe's programs.
+convert -size 16x48 xc:red xc:lime xc:blue xc:white +append patches.png
+convert patches.png -colorspace CMYK ink-ycck.JPG
+/usr/bin/python3 -c "import sys; from PIL import Image; \
+Image.open('patches.png').convert('CMYK').save(sys.argv[1], quality=95)" ink-cmyk.JPG
 convert base.png -type TrueColor bmp-24.BMP
 convert base.png -type TrueColorAlpha bmp-32.BMP
 convert base.png -colors 16 -type Palette BMP3:bmp-4.BMP
@@ -49,4 +56,4 @@ convert base.png -resize 192x128! PCD:pcd.PCD
 convert base.png ppm:- | ppmtoilbm > iff-24.IFF 2>/dev/null
 convert mono.png pbm:- | pbmtogem > gem.IMG 2>/dev/null
 
-rm -f base.png gray.png mono.png
+rm -f base.png gray.png mono.png patches.png

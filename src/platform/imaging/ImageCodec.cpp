@@ -148,6 +148,12 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     case ImageCodec::Reader::Qt:
         if (extension == u"JPG"_s) {
             result = fromBytes(ImageReaders::readJpeg);
+            // What TurboJPEG does not decode (12-bit or lossless streams, for two), ImageMagick
+            // reads.
+            if (result.error && result.error.number() != ImageCodec::UnknownFormat)
+                result = fromBytes([](const QByteArray& bytes) {
+                    return ImageReaders::readWithMagick(bytes, "JPEG");
+                });
             break;
         }
         result = readWithQt(path, qtFormats().value(extension));

@@ -33,6 +33,39 @@ QImage largeImage(int width, int height, QImage::Format format) {
     return image;
 }
 
+// Whether the file carries Adobe's APP14 marker, which Adobe's programs (and the libraries that
+// follow them) write with the ink values of four-colour pictures inverted.
+bool hasAdobeMarker(const QByteArray& bytes) {
+    qsizetype at = 2; // behind the start of image
+    while (at + 4 <= bytes.size() && uchar(bytes[at]) == 0xFF) {
+        const uchar marker = uchar(bytes[at + 1]);
+        if (marker == 0xDA) // the start of scan: no more markers before the picture
+            break;
+        const qsizetype length = (qsizetype(uchar(bytes[at + 2])) << 8) | uchar(bytes[at + 3]);
+        if (marker == 0xEE && length >= 12 && bytes.mid(at + 4, 5) == "Adobe")
+            return true;
+        at += 2 + length;
+    }
+    return false;
+}
+
+// Turns the four-colour pixels decoded into the picture's memory into red, green and blue in
+// place: each ink takes its share of the light, and black darkens all three.
+void cmykToRgb(QImage& image, bool inverted) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* pixel = reinterpret_cast<uchar*>(image.scanLine(y));
+        auto* out = reinterpret_cast<QRgb*>(pixel);
+        for (int x = 0; x < image.width(); ++x, pixel += 4) {
+            // Light left by each ink and by black, 255 for none of it.
+            const int c = inverted ? pixel[0] : 255 - pixel[0];
+            const int m = inverted ? pixel[1] : 255 - pixel[1];
+            const int ye = inverted ? pixel[2] : 255 - pixel[2];
+            const int k = inverted ? pixel[3] : 255 - pixel[3];
+            out[x] = qRgb((c * k + 127) / 255, (m * k + 127) / 255, (ye * k + 127) / 255);
+        }
+    }
+}
+
 } // namespace
 
 namespace ImageReaders {
@@ -60,13 +93,16 @@ Result readJpeg(const QByteArray& bytes) {
         return result;
     }
     const bool gray = colorspace == TJCS_GRAY;
+    // Four-colour pictures (CMYK and YCCK) decode to their inks, four bytes a pixel like the
+    // picture's own, and turn into light in place.
+    const bool inks = colorspace == TJCS_CMYK || colorspace == TJCS_YCCK;
     QImage image =
         largeImage(width, height, gray ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
     if (image.isNull()) {
         tjDestroy(handle);
         return result;
     }
-    const int pixelFormat = gray ? TJPF_GRAY : TJPF_BGRX;
+    const int pixelFormat = gray ? TJPF_GRAY : inks ? TJPF_CMYK : TJPF_BGRX;
     const int status = tjDecompress2(handle, data, size, image.bits(), width,
                                      static_cast<int>(image.bytesPerLine()), height, pixelFormat,
                                      TJFLAG_NOREALLOC);
@@ -75,6 +111,8 @@ Result readJpeg(const QByteArray& bytes) {
     tjDestroy(handle);
     if (failed)
         return result;
+    if (inks)
+        cmykToRgb(image, hasAdobeMarker(bytes));
     result.bits = gray ? 8 : 24;
     result.image = std::move(image);
     result.error = AppError();

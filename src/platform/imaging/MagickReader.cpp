@@ -78,6 +78,9 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
             image.read(blob);
         else
             image.read(source);
+        // Four-colour pictures come out as light, not as their inks.
+        if (image.colorSpace() == Magick::CMYKColorspace)
+            image.colorSpace(Magick::sRGBColorspace);
         const qint64 width = image.columns();
         const qint64 height = image.rows();
         if (width <= 0 || height <= 0 || !withinLimits(width, height))

@@ -1,4 +1,5 @@
 #include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/ImageReaders.h"
 
 #include "support/TempFolder.h"
 
@@ -114,7 +115,8 @@ TEST(ImageCodec, EveryGeneratedPictureDecodesAtItsSizeWithItsColours) {
                                                            : QSize(64, 48);
         EXPECT_EQ(picture.image.size(), expected) << name.toStdString();
         EXPECT_EQ(picture.diskSize, QFileInfo(path).size());
-        if (expected != QSize(64, 48))
+        // The four-colour pictures hold patches, not the drawing.
+        if (expected != QSize(64, 48) || name.startsWith(u"ink-"_s))
             continue;
         const QImage rgb = picture.image.convertToFormat(QImage::Format_RGB32);
         const bool mono = picture.bitsPerPixel == 1 || name.contains(u"-1."_s);
@@ -125,6 +127,34 @@ TEST(ImageCodec, EveryGeneratedPictureDecodesAtItsSizeWithItsColours) {
         if (!mono && !gray) {
             EXPECT_TRUE(near(rgb.pixel(20, 30), qRgb(255, 0, 0))) << name.toStdString();
             EXPECT_TRUE(near(rgb.pixel(50, 10), qRgb(0, 0, 255))) << name.toStdString();
+        }
+    }
+}
+
+TEST(ImageCodec, FourColourJpegsOpenWithTheirPatchesColours) {
+    // Through the fast road, and through ImageMagick, which reads what TurboJPEG cannot.
+    for (const char* name : {"ink-ycck.JPG", "ink-cmyk.JPG"}) {
+        SCOPED_TRACE(name);
+        const QString path = generatedPictures() + u'/' + QString::fromLatin1(name);
+        const ImageCodec::Picture picture = ImageCodec::decode(path);
+        ASSERT_FALSE(picture.error) << picture.error.number();
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const ImageReaders::Result magick = ImageReaders::readWithMagick(file.readAll(), "JPEG");
+        ASSERT_FALSE(magick.error);
+        for (const QImage& image : {picture.image, magick.image}) {
+            ASSERT_EQ(image.size(), QSize(64, 48));
+            const QImage rgb = image.convertToFormat(QImage::Format_RGB32);
+            const QRgb patches[] = {qRgb(255, 0, 0), qRgb(0, 255, 0), qRgb(0, 0, 255),
+                                    qRgb(255, 255, 255)};
+            for (int i = 0; i < 4; ++i) {
+                const QRgb pixel = rgb.pixel(16 * i + 8, 24);
+                EXPECT_LE(std::abs(qRed(pixel) - qRed(patches[i])) +
+                              std::abs(qGreen(pixel) - qGreen(patches[i])) +
+                              std::abs(qBlue(pixel) - qBlue(patches[i])),
+                          12)
+                    << i << ": " << std::hex << pixel;
+            }
         }
     }
 }
