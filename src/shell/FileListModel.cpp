@@ -55,8 +55,12 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
         return {};
     const FolderListing::Entry& entry = m_listing.entry(index.row());
     if (role == Qt::DecorationRole && index.column() == Name) {
-        return QApplication::style()->standardIcon(entry.isFolder ? QStyle::SP_DirIcon
-                                                                  : QStyle::SP_FileIcon);
+        // Two icons serve every row; the style makes each once.
+        if (m_folderIcon.isNull()) {
+            m_folderIcon = QApplication::style()->standardIcon(QStyle::SP_DirIcon);
+            m_fileIcon = QApplication::style()->standardIcon(QStyle::SP_FileIcon);
+        }
+        return entry.isFolder ? m_folderIcon : m_fileIcon;
     }
     if (role == Qt::TextAlignmentRole && index.column() == Size)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);

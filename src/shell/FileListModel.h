@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QHash>
+#include <QIcon>
 
 // The entries of the current folder for the file list, with name, size, type and date. Sizes
 // and dates are read for an entry only when a view asks for them.
@@ -37,4 +38,6 @@ private:
 
     FolderListing m_listing;
     mutable QHash<int, Details> m_details;
+    mutable QIcon m_folderIcon;
+    mutable QIcon m_fileIcon;
 };

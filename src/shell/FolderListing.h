@@ -28,6 +28,8 @@ public:
     int indexOfName(const QString& name) const;
 
 private:
+    void sortEntries();
+
     QString m_folder;
     QString m_mask;
     std::vector<Entry> m_all;

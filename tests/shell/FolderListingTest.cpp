@@ -59,3 +59,23 @@ TEST(FolderListing, AFolderThatCannotBeReadListsNothing) {
     EXPECT_EQ(listing.count(), 0);
     EXPECT_EQ(listing.indexOfName(u"x"_s), -1);
 }
+
+TEST(FolderListing, LettersBeyondAsciiAndLinkedFoldersSortAsTheyShow) {
+    TempFolder dir;
+    for (const QString& name :
+         {u"zebra.txt"_s, u"\u00C4rger.txt"_s, u"apfel.txt"_s, u"b"_s, u"B"_s, u"\u00C9mile.jpg"_s,
+          u"\u00E9clair.JPG"_s, u"file000010.jpg"_s, u"file000009.jpg"_s, u"FILE000009.jpg"_s})
+        dir.write(name, "x");
+    QDir(dir.path()).mkdir(u"real"_s);
+    QFile::link(dir.file(u"real"_s), dir.file(u"linked"_s));
+    FolderListing listing;
+    ASSERT_TRUE(listing.read(dir.path()));
+    EXPECT_EQ(names(listing), (QStringList{u"linked"_s, u"real"_s, u"apfel.txt"_s, u"B"_s, u"b"_s,
+                                           u"FILE000009.jpg"_s, u"file000009.jpg"_s,
+                                           u"file000010.jpg"_s, u"zebra.txt"_s, u"\u00C4rger.txt"_s,
+                                           u"\u00E9clair.JPG"_s, u"\u00C9mile.jpg"_s}));
+    listing.setMask(u"*.JPG;*LAIR.jpg"_s);
+    EXPECT_EQ(names(listing),
+              (QStringList{u"linked"_s, u"real"_s, u"FILE000009.jpg"_s, u"file000009.jpg"_s,
+                           u"file000010.jpg"_s, u"\u00E9clair.JPG"_s, u"\u00C9mile.jpg"_s}));
+}
