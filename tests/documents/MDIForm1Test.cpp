@@ -21,23 +21,8 @@ private:
     }
 
     // Displays a file from the main window as a double click would, and waits for its window.
-    void display(const QString& name) {
-        const qint16 before = frame() ? frame()->mChildCount : 0;
-        h->activateMain();
-        h->window()->DisplayImage(h->folder().file(name));
-        QTRY_VERIFY(frame());
-        QTRY_COMPARE(frame()->mChildCount, qint16(before + 1));
-        QVERIFY(QTest::qWaitForWindowActive(frame()));
-    }
-
-    QList<int> enabledButtons() {
-        QList<int> on;
-        for (int n = 1; n <= FrameButtons::Count; ++n) {
-            if (frame()->button(n)->isEnabled())
-                on.append(n);
-        }
-        return on;
-    }
+    void display(const QString& name) { QVERIFY(h->openDocument(name)); }
+    static QList<int> enabledButtons() { return MainWindowHarness::enabledButtons(); }
 
 private Q_SLOTS:
     void init() {
@@ -61,9 +46,7 @@ private Q_SLOTS:
         QTRY_COMPARE(f->windowTitle(), u"Quorvane 2.5"_s);
         QCOMPARE(enabledButtons(), (QList<int>{1, 19, 20}));
         f->DisableButtons();
-        QVERIFY(frame()->button(20)->isEnabled());
-        QCOMPARE(f->button(20)->toolTip(), u"Help with Quorvane"_s);
-        QCOMPARE(f->button(19)->objectName(), u"Sep4"_s);
+        QCOMPARE(enabledButtons(), QList<int>{20}); // Help stays
         QVERIFY(f->button(19)->isSeparator());
         QCOMPARE(f->menuBar()->actions().size(), 3);
     }
@@ -131,7 +114,6 @@ private Q_SLOTS:
         QVERIFY(normal->isChecked());
         copy->trigger();
         QVERIFY(!copy->isChecked());
-        QCOMPARE(h->messages().shown().size(), 1); // Copy explains itself on a picture
     }
 
     void aLongPathGetsATallerStrip() {
