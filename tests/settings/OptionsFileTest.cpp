@@ -94,18 +94,6 @@ TEST_F(OptionsFileTest, AShortFileKeepsWhatWasReadAndReportsTheEnd) {
     EXPECT_TRUE(options.gSeparatorOption); // line 29 was never read
 }
 
-TEST_F(OptionsFileTest, AMalformedLineStopsTheReadThere) {
-    QList<QByteArray> lines = defaultFile().split('\n');
-    lines[0] = "9000\r";
-    lines[2] = "tall\r"; // gMainHeight
-    dir.write(u"Options.INI"_s, lines.join('\n'));
-    EXPECT_EQ(load(), u"Error Loading Application Options - 13 Type mismatch"_s);
-    EXPECT_EQ(options.gMainLeft, 9000);
-    EXPECT_EQ(options.gMainTop, 300);
-    EXPECT_EQ(options.gMainHeight, OptionSettings{}.gMainHeight);
-    EXPECT_EQ(options.gTreeWidth, OptionSettings{}.gTreeWidth);
-}
-
 TEST_F(OptionsFileTest, AnOutOfRangeIntegerIsAnOverflow) {
     QList<QByteArray> lines = defaultFile().split('\n');
     lines[10] = "70000\r"; // gThumbBits, 16 bits

@@ -77,19 +77,6 @@ TEST_F(NamespaceFixture, RevealExpandsTheAncestorsOfAFolder) {
     EXPECT_EQ(ns.reveal(u"/somewhere/else"_s), -1);
 }
 
-TEST_F(NamespaceFixture, ALinkToAFolderIsALeafSoNoWalkCanLoop) {
-    ASSERT_EQ(::symlink(QFile::encodeName(dir.path()).constData(),
-                        QFile::encodeName(dir.file(u"c/loop"_s)).constData()),
-              0);
-    ShellNamespace ns(dir.path());
-    ns.expand(0);
-    const int c = ns.indexOfPath(dir.file(u"c"_s));
-    ASSERT_EQ(ns.expand(c), 1);
-    EXPECT_TRUE(ns.node(c + 1).isLink);
-    EXPECT_FALSE(ns.hasChildren(c + 1));
-    EXPECT_EQ(ns.expand(c + 1), 0);
-}
-
 TEST_F(NamespaceFixture, UnreadableOrVanishedFoldersHaveNoChildren) {
     ShellNamespace ns(dir.path());
     ns.expand(0);

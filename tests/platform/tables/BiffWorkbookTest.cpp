@@ -145,20 +145,18 @@ TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
     const BiffWorkbook::Sheet& sheet = sheets[0];
     EXPECT_EQ(sheet.rows, 4);
     EXPECT_EQ(sheet.columns, 6);
-    EXPECT_EQ(sheet.cell(0, 0).text, u"2.5"_s);
+    const QList<QStringList> texts{
+        {u"2.5"_s, u"12.34"_s, u"7"_s, u"-0.5"_s, u"2005-02-23 00:00:00"_s, {}},
+        {u"1"_s, u"#DIV/0!"_s, u"sum"_s, u"18:00:00"_s, u"1"_s, {}},
+        {{}, {}, {}, {}, {}, u"ст"_s},
+        {{}, {}, {}, {}, {}, {}}};
+    for (int r = 0; r < 4; ++r) {
+        for (int c = 0; c < 6; ++c)
+            EXPECT_EQ(sheet.cell(r, c).text, texts[r][c]) << r << "," << c;
+    }
     EXPECT_EQ(sheet.cell(0, 0).kind, BiffWorkbook::Kind::Number);
-    EXPECT_EQ(sheet.cell(0, 1).text, u"12.34"_s);
-    EXPECT_EQ(sheet.cell(0, 2).text, u"7"_s);
-    EXPECT_EQ(sheet.cell(0, 3).text, u"-0.5"_s);
-    EXPECT_EQ(sheet.cell(0, 4).text, u"2005-02-23 00:00:00"_s);
     EXPECT_EQ(sheet.cell(0, 4).kind, BiffWorkbook::Kind::Date);
-    EXPECT_EQ(sheet.cell(1, 0).text, u"1"_s);
     EXPECT_EQ(sheet.cell(1, 0).kind, BiffWorkbook::Kind::Boolean);
-    EXPECT_EQ(sheet.cell(1, 1).text, u"#DIV/0!"_s);
-    EXPECT_EQ(sheet.cell(1, 2).text, u"sum"_s);
-    EXPECT_EQ(sheet.cell(1, 3).text, u"18:00:00"_s);
-    EXPECT_EQ(sheet.cell(1, 4).text, u"1"_s);
-    EXPECT_EQ(sheet.cell(2, 5).text, u"ст"_s);
     EXPECT_EQ(sheet.cell(3, 0).kind, BiffWorkbook::Kind::Empty);
 }
 
@@ -182,20 +180,23 @@ TEST(BiffWorkbook, Biff5StringsFollowTheCodePage) {
 }
 
 TEST(BiffWorkbook, DatesAndFormats) {
-    bool date = false;
-    bool time = false;
-    BiffWorkbook::classifyFormat(u"DD/MM/YYYY"_s, &date, &time);
-    EXPECT_TRUE(date && !time);
-    BiffWorkbook::classifyFormat(u"H:MM:SS\\ AM/PM"_s, &date, &time);
-    EXPECT_TRUE(!date && time);
-    BiffWorkbook::classifyFormat(u"[$-407]DDDD, MMMM DD, YYYY hh:mm"_s, &date, &time);
-    EXPECT_TRUE(date && time);
-    BiffWorkbook::classifyFormat(u"#,##0.00 \"Std.\";[Red]-#,##0.00"_s, &date, &time);
-    EXPECT_TRUE(!date && !time);
-    BiffWorkbook::classifyFormat(u"[h]:mm"_s, &date, &time);
-    EXPECT_TRUE(!date && time);
-    BiffWorkbook::classifyFormat(u"0.00E+00"_s, &date, &time);
-    EXPECT_TRUE(!date && !time);
+    struct Format {
+        const char16_t* text;
+        bool date, time;
+    };
+    const Format formats[] = {{u"DD/MM/YYYY", true, false},
+                              {u"H:MM:SS\\ AM/PM", false, true},
+                              {u"[$-407]DDDD, MMMM DD, YYYY hh:mm", true, true},
+                              {u"#,##0.00 \"Std.\";[Red]-#,##0.00", false, false},
+                              {u"[h]:mm", false, true},
+                              {u"0.00E+00", false, false}};
+    for (const Format& f : formats) {
+        bool date = !f.date;
+        bool time = !f.time;
+        BiffWorkbook::classifyFormat(QString::fromUtf16(f.text), &date, &time);
+        EXPECT_EQ(date, f.date) << QString::fromUtf16(f.text).toStdString();
+        EXPECT_EQ(time, f.time) << QString::fromUtf16(f.text).toStdString();
+    }
 
     EXPECT_EQ(BiffWorkbook::dateText(38406, false, false), u"2005-02-23 00:00:00"_s);
     EXPECT_EQ(BiffWorkbook::dateText(40776.43315972222, false, false), u"2011-08-21 10:23:45"_s);
