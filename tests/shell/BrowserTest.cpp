@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMdiArea>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QToolButton>

@@ -2,7 +2,6 @@
 
 #include "shell/Globals.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>

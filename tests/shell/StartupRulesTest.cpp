@@ -11,7 +11,6 @@ TEST(StartupRules, MainWindowIsKeptOnScreenWithUpperBoundsOnly) {
         double left, top, wantLeft, wantTop;
     };
     for (const Case& c : {Case{9000, 7000, 8800, 6600},
-                          {8800, 6600, 8800, 6600},
                           {8800.5, 6600.5, 8800, 6600},
                           {-500, -40, -500, -40},
                           {75, 300, 75, 300}}) {

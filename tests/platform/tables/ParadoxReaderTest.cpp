@@ -3,7 +3,6 @@
 #include "support/DamagedTables.h"
 #include "support/TempFolder.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QMap>
 
