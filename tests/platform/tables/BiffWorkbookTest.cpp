@@ -47,19 +47,20 @@ QByteArray bof(quint16 version, quint16 type) {
     return Stream::le16(version) + Stream::le16(type) + QByteArray(12, '\0');
 }
 
-// A BIFF8 workbook of one sheet "Data" holding the cells the caller writes.
-QByteArray biff8Workbook(const std::function<void(Stream&)>& globals,
-                         const std::function<void(Stream&)>& cells) {
+// A workbook of one sheet holding the cells the caller writes: BIFF8 (version 0x0600) by
+// default, with the sheet's name as its BOUNDSHEET record stores it.
+QByteArray workbook(const std::function<void(Stream&)>& globals,
+                    const std::function<void(Stream&)>& cells, quint16 version = 0x0600,
+                    const QByteArray& name = QByteArray("\x04\x00", 2) + "Data") {
     Stream head;
-    head.record(0x0809, bof(0x0600, 0x0005));
+    head.record(0x0809, bof(version, 0x0005));
     globals(head);
     // BOUNDSHEET: its offset is patched once the globals' size is known.
-    const QByteArray name = QByteArray("\x04\x00", 2) + "Data";
     head.record(0x0085, Stream::le32(0) + QByteArray(2, '\0') + name);
     const qsizetype boundAt = head.size() - name.size() - 6;
     head.record(0x000A, {});
     Stream sheet;
-    sheet.record(0x0809, bof(0x0600, 0x0010));
+    sheet.record(0x0809, bof(version, 0x0010));
     cells(sheet);
     sheet.record(0x000A, {});
     qToLittleEndian<quint32>(static_cast<quint32>(head.size()), head.bytes().data() + boundAt);
@@ -79,7 +80,7 @@ void dateFormats(Stream& s, const QString& custom) {
 } // namespace
 
 TEST(BiffWorkbook, SharedStringsRunOnThroughContinueRecordsChangingWidth) {
-    const QByteArray stream = biff8Workbook(
+    const QByteArray stream = workbook(
         [](Stream& s) {
             // Three strings; the second starts as one-byte letters in the SST and goes on as
             // two-byte letters in the CONTINUE; the third sits wholly in the CONTINUE.
@@ -109,7 +110,7 @@ TEST(BiffWorkbook, SharedStringsRunOnThroughContinueRecordsChangingWidth) {
 }
 
 TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
-    const QByteArray stream = biff8Workbook(
+    const QByteArray stream = workbook(
         [](Stream& s) { dateFormats(s, u"hh:mm"_s); },
         [](Stream& s) {
             s.record(0x0200, Stream::le32(0) + Stream::le32(4) + Stream::le16(0) + Stream::le16(6) +
@@ -161,19 +162,14 @@ TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
 }
 
 TEST(BiffWorkbook, Biff5StringsFollowTheCodePage) {
-    Stream head;
-    head.record(0x0809, bof(0x0500, 0x0005));
-    head.record(0x0042, Stream::le16(1251));
-    head.record(0x0085, Stream::le32(0) + QByteArray(2, '\0') + QByteArray("\x02\xC0\xE1", 3));
-    const qsizetype boundAt = head.size() - 3 - 6;
-    head.record(0x000A, {});
-    Stream sheet;
-    sheet.record(0x0809, bof(0x0500, 0x0010));
-    sheet.record(0x0204, Stream::cell(0, 0) + Stream::le16(3) + QByteArray("\xC4\xE0\x21", 3));
-    sheet.record(0x000A, {});
-    qToLittleEndian<quint32>(static_cast<quint32>(head.size()), head.bytes().data() + boundAt);
+    const QByteArray stream = workbook([](Stream& s) { s.record(0x0042, Stream::le16(1251)); },
+                                       [](Stream& s) {
+                                           s.record(0x0204, Stream::cell(0, 0) + Stream::le16(3) +
+                                                                QByteArray("\xC4\xE0\x21", 3));
+                                       },
+                                       0x0500, QByteArray("\x02\xC0\xE1", 3));
     QList<BiffWorkbook::Sheet> sheets;
-    ASSERT_TRUE(BiffWorkbook::readStream(head.bytes() + sheet.bytes(), &sheets));
+    ASSERT_TRUE(BiffWorkbook::readStream(stream, &sheets));
     ASSERT_EQ(sheets.size(), 1);
     EXPECT_EQ(sheets[0].name, u"Аб"_s);
     EXPECT_EQ(sheets[0].cell(0, 0).text, u"Да!"_s);
@@ -209,11 +205,11 @@ TEST(BiffWorkbook, DatesAndFormats) {
 
 TEST(BiffWorkbook, DamagedStreamsGiveWhatIsReadable) {
     const QByteArray good =
-        biff8Workbook([](Stream&) {},
-                      [](Stream& s) {
-                          for (quint16 r = 0; r < 50; ++r)
-                              s.record(0x0203, Stream::cell(r, r % 3) + Stream::f64(r));
-                      });
+        workbook([](Stream&) {},
+                 [](Stream& s) {
+                     for (quint16 r = 0; r < 50; ++r)
+                         s.record(0x0203, Stream::cell(r, r % 3) + Stream::f64(r));
+                 });
     QList<BiffWorkbook::Sheet> sheets;
     EXPECT_FALSE(BiffWorkbook::readStream({}, &sheets));
     EXPECT_FALSE(BiffWorkbook::readStream(QByteArray(64, '\xFF'), &sheets));
@@ -236,7 +232,7 @@ TEST(BiffWorkbook, DamagedStreamsGiveWhatIsReadable) {
         }
     }
     // A huge claimed count of shared strings in a small record holds nothing.
-    const QByteArray claims = biff8Workbook(
+    const QByteArray claims = workbook(
         [](Stream& s) { s.record(0x00FC, Stream::le32(0xFFFFFFFF) + Stream::le32(0xFFFFFFFF)); },
         [](Stream& s) { s.record(0x00FD, Stream::cell(0, 0) + Stream::le32(0x7FFFFFFF)); });
     ASSERT_TRUE(BiffWorkbook::readStream(claims, &sheets));
