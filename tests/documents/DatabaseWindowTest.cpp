@@ -2,6 +2,7 @@
 #include "documents/Login.h"
 #include "documents/MDIForm1.h"
 #include "platform/FlexGrid.h"
+#include "platform/SettingColor.h"
 #include "platform/TableDataControl.h"
 #include "platform/Twips.h"
 #include "platform/tables/TableRecordset.h"
@@ -162,7 +163,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::clipboard()->text(), u"Gadget"_s);
     }
 
-    void theDataControlWalksTheGridRow() {
+    void theDataControlWalksTheGridRowAndTheCurrentRecordKeepsItsColour() {
         place(generated(u"MANY.DBF"_s));
         ChildFrm1* child = open(u"MANY.DBF"_s);
         QVERIFY(child);
@@ -181,6 +182,20 @@ private Q_SLOTS:
         QCOMPARE(grid->Row(), 5000);
         QVERIFY(grid->RowIsVisible(5000));
         QCOMPARE(grid->Text(), u"R004999"_s);
+        // The grid holds the rows on screen only; the current cell is coloured while its
+        // record is among them, wherever the window was scrolled in between.
+        const QAbstractItemModel* model = grid->model();
+        QVERIFY(model->rowCount() <= grid->rowsOnScreen() + 1);
+        const QColor current = SettingColor::toQColor(globals().gBrowserForeColor);
+        const int row = 5000 - grid->TopRow();
+        QCOMPARE(model->index(row, 0).data(Qt::BackgroundRole).value<QColor>(), current);
+        QVERIFY(!model->index(row, 1).data(Qt::BackgroundRole).isValid());
+        QVERIFY(!model->index(row - 1, 0).data(Qt::BackgroundRole).isValid());
+        grid->setTopRow(1);
+        for (int r = 0; r < model->rowCount(); ++r)
+            QVERIFY(!model->index(r, 0).data(Qt::BackgroundRole).isValid());
+        grid->setTopRow(5000);
+        QCOMPARE(model->index(row, 0).data(Qt::BackgroundRole).value<QColor>(), current);
         click("NextRecord");
         QCOMPARE(grid->Row(), 5000);
         click("PreviousRecord");
@@ -241,8 +256,6 @@ private Q_SLOTS:
         const QByteArray before = h->folder().read(u"testV1997.mdb"_s);
         ChildFrm1* child = open(u"testV1997.mdb"_s);
         QVERIFY(child);
-        QCOMPARE(child->mConnect, u"Access"_s);
-        QCOMPARE(child->mTableName, u"Table1"_s);
         QCOMPARE(child->Data1->Connect, u"Access"_s);
         QCOMPARE(entries(child->List1),
                  (QStringList{u"Table1"_s, u"Table2"_s, u"Table3"_s, u"Table4"_s, QString()}));
@@ -272,7 +285,6 @@ private Q_SLOTS:
 
         // Another table: the grid, the field types and the index list follow it.
         child->List1_Click(1);
-        QCOMPARE(child->mTableName, u"Table2"_s);
         QCOMPARE(frame()->mTableIndex, 1.0);
         QCOMPARE(child->MSFlexGrid1->model()->columnCount(), 89);
         QCOMPARE(child->MSFlexGrid1->model()->headerData(0, Qt::Horizontal).toString(),
@@ -309,7 +321,6 @@ private Q_SLOTS:
         int asked = 0;
         answerModal<Login>([&](Login* login) {
             ++asked;
-            QCOMPARE(login->windowTitle(), u"Login to Database File"_s);
             QCOMPARE(login->txtPassword->echoMode(), QLineEdit::Password);
             login->OKbtn->click(); // empty
             login->txtPassword->setText(u"Password"_s);
@@ -329,10 +340,7 @@ private Q_SLOTS:
             QCOMPARE(box.title, u"Login to Database"_s);
         }
         QVERIFY(globals().gLoginOK);
-        QCOMPARE(globals().gDbPassword, u"password"_s);
-        QCOMPARE(child->mPassword, u"password"_s);
         QCOMPARE(child->Data1->Connect, u";pwd=password"_s);
-        QVERIFY(child->Data1->Recordset());
         QVERIFY(child->List1->count() > 1);
 
         // The password stays for the next file: the same one opens without asking.
