@@ -1,6 +1,5 @@
 #include "shell/FileTypes.h"
 
-#include "platform/FileMask.h"
 #include "shell/Globals.h"
 
 #include <gtest/gtest.h>
@@ -19,14 +18,6 @@ struct ClassifyFixture : ::testing::Test {
 };
 
 } // namespace
-
-TEST(FileTypeTables, TextRowListsANameWithoutExtensionEndingInLog) {
-    const QString& textMask = filterRows()[31].mask;
-    EXPECT_TRUE(FileMask::matches(textMask, u"CATALOG"_s));
-    EXPECT_TRUE(FileMask::matches(textMask, u"notes.txt"_s));
-    EXPECT_FALSE(FileMask::matches(textMask, u"photo.jpg"_s));
-    EXPECT_FALSE(FileMask::matches(filterRows()[32].mask, u"CATALOG"_s));
-}
 
 TEST(GetFileExt, TakesTheTextBehindTheLastDotOfTheWholeName) {
     const std::pair<const char16_t*, const char16_t*> cases[] = {
