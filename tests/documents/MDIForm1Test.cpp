@@ -16,9 +16,7 @@ class MDIForm1Test : public QObject {
 private:
     std::unique_ptr<MainWindowHarness> h;
 
-    MDIForm1* frame() {
-        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
-    }
+    static MDIForm1* frame() { return MainWindowHarness::frame(); }
 
     // Displays a file from the main window as a double click would, and waits for its window.
     void display(const QString& name) { QVERIFY(h->openDocument(name)); }

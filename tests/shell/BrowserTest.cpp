@@ -61,9 +61,7 @@ private:
         return found;
     }
     void select(const QString& name) { QVERIFY(h->window()->shellList()->selectName(name)); }
-    MDIForm1* frame() {
-        return qobject_cast<MDIForm1*>(WindowRegistry::find(MDIForm1::WindowName()));
-    }
+    static MDIForm1* frame() { return MainWindowHarness::frame(); }
 
 private Q_SLOTS:
     void init() {
