@@ -19,7 +19,6 @@ TEST(FindMasks, AnEnteredMaskWinsOverTheRowOfAnyTab) {
     const FindMasks::Choice typed = FindMasks::choose(FindMasks::Pictures, 3, u"*.ZIP"_s);
     EXPECT_EQ(typed.mask, u"*.ZIP"_s);
     EXPECT_EQ(typed.filterRow, 33);
-    EXPECT_EQ(typed.caption, u"Find File or Global Search Entered Below:"_s);
     // Blanks are no entry.
     EXPECT_EQ(FindMasks::choose(FindMasks::Text, 0, u"   "_s).mask, u"*.TXT"_s);
     // A row that is not there gives nothing to search for.
