@@ -47,10 +47,3 @@ TEST(DatabaseLayout, TheCommentBoxKeepsToTheGridsLowerRight) {
     EXPECT_EQ(DatabaseLayout::commentBoxAt(QRectF(5, 310, 8910, 4770), 4200, 2200),
               QPointF(4610, 2470));
 }
-
-TEST(DatabaseLayout, TheListOpenedFirstStaysOnTheLeft) {
-    EXPECT_EQ(DatabaseLayout::listLefts(false).tables, 90);
-    EXPECT_EQ(DatabaseLayout::listLefts(false).indexes, 1260);
-    EXPECT_EQ(DatabaseLayout::listLefts(true).tables, 1260);
-    EXPECT_EQ(DatabaseLayout::listLefts(true).indexes, 90);
-}

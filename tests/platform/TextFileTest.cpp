@@ -7,29 +7,28 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(TextFile, ReadsLinesEndedByCrLfOrLfAndAnUnendedLastLine) {
+TEST(TextFile, ReadsLinesEndedByCrLfOrLfAndAnUnendedLastLineUpToTheLimit) {
+    struct Case {
+        QByteArray bytes;
+        int limit;
+        QStringList lines;
+    };
+    const Case cases[] = {
+        {"one\r\ntwo\nthree\r\n\r\nlast",
+         -1,
+         {u"one"_s, u"two"_s, u"three"_s, QString(), u"last"_s}},
+        {"a\r\nb\r\n", -1, {u"a"_s, u"b"_s}}, // a break at the end starts no further line
+        {"", -1, {}},
+        {"\r\n", -1, {QString()}},
+        {"Zoë\r\n日本\r\nthird\r\n", 2, {u"Zoë"_s, u"日本"_s}},
+    };
     TempFolder dir;
-    dir.write(u"mixed.txt"_s, "one\r\ntwo\nthree\r\n\r\nlast");
-    const auto result = TextFile::readLines(dir.file(u"mixed.txt"_s));
-    EXPECT_FALSE(result.error);
-    EXPECT_EQ(result.lines, (QStringList{u"one"_s, u"two"_s, u"three"_s, QString(), u"last"_s}));
-}
-
-TEST(TextFile, ALineBreakAtTheEndStartsNoFurtherLine) {
-    TempFolder dir;
-    dir.write(u"a.txt"_s, "a\r\nb\r\n");
-    EXPECT_EQ(TextFile::readLines(dir.file(u"a.txt"_s)).lines, (QStringList{u"a"_s, u"b"_s}));
-    dir.write(u"empty.txt"_s, "");
-    EXPECT_TRUE(TextFile::readLines(dir.file(u"empty.txt"_s)).lines.isEmpty());
-    dir.write(u"blank.txt"_s, "\r\n");
-    EXPECT_EQ(TextFile::readLines(dir.file(u"blank.txt"_s)).lines, QStringList{QString()});
-}
-
-TEST(TextFile, ReadsUtf8AndStopsAtTheLineLimit) {
-    TempFolder dir;
-    dir.write(u"u.txt"_s, "Zoë\r\n日本\r\nthird\r\n");
-    const auto result = TextFile::readLines(dir.file(u"u.txt"_s), 2);
-    EXPECT_EQ(result.lines, (QStringList{u"Zoë"_s, u"日本"_s}));
+    for (const Case& c : cases) {
+        dir.write(u"in.txt"_s, c.bytes);
+        const auto result = TextFile::readLines(dir.file(u"in.txt"_s), c.limit);
+        EXPECT_FALSE(result.error) << c.bytes.toStdString();
+        EXPECT_EQ(result.lines, c.lines) << c.bytes.toStdString();
+    }
 }
 
 TEST(TextFile, MissingFileAndMissingFolderGiveTheirErrorNumbers) {

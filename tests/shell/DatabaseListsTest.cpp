@@ -2,7 +2,6 @@
 
 #include "shell/Globals.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -14,37 +13,6 @@ QString mdb(const QString& name) {
     return QStringLiteral(QUORVANE_SHARED_FIXTURES) + u"/mdb/"_s + name;
 }
 } // namespace
-
-TEST(DatabaseLists, ADbaseTableFillsTheFieldListsByItsFileName) {
-    Globals g;
-    const QString folder = QStringLiteral(QUORVANE_GENERATED_TABLES);
-    ASSERT_FALSE(DatabaseLists::ReadTableInfo(g, u"dBASE 5.0;"_s, folder, u"SALES.DBF"_s));
-    EXPECT_EQ(g.gFieldCount, 5);
-    EXPECT_EQ(g.gFieldNames[0], u"NAME"_s);
-    EXPECT_EQ(g.gFieldSizes[0], 20);
-    EXPECT_EQ(g.gFieldTypes[5], 12);
-    EXPECT_EQ(g.gIndexCount, 0);
-}
-
-TEST(DatabaseLists, AccessTablesAreListedWithoutSystemObjects) {
-    if (!QFileInfo::exists(mdb(u"testV1997.mdb"_s)))
-        GTEST_SKIP() << "the shared Access samples are absent";
-    Globals g;
-    EXPECT_EQ(DatabaseLists::ListTables(g, mdb(u"testV1997.mdb"_s), u"Access"_s, {}), u"Table1"_s);
-    EXPECT_EQ(g.gTableCount, 4);
-    EXPECT_EQ(g.gTableNames[3], u"Table4"_s);
-    ASSERT_FALSE(
-        DatabaseLists::ReadTableInfo(g, u"Access"_s, mdb(u"testV1997.mdb"_s), u"table1"_s));
-    EXPECT_EQ(g.gFieldCount, 8);
-    EXPECT_EQ(g.gFieldTypes[8], 1);
-    EXPECT_EQ(g.gIndexCount, 2);
-
-    // A second table overwrites the lists.
-    ASSERT_FALSE(
-        DatabaseLists::ReadTableInfo(g, u"Access"_s, mdb(u"testV1997.mdb"_s), u"Table2"_s));
-    EXPECT_EQ(g.gFieldCount, 88);
-    EXPECT_EQ(g.gFieldNames[0], u"column1"_s);
-}
 
 TEST(DatabaseLists, AProtectedDatabaseAsksUntilThePasswordIsRightOrTheUserGivesUp) {
     if (!QFileInfo::exists(mdb(u"V2003_with-password.mdb"_s)))

@@ -6,7 +6,6 @@
 #include "support/ModalAnswer.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -48,7 +47,14 @@ private Q_SLOTS:
         m_dataHome.reset();
     }
 
-    void deletingATableSendsItsWholeFamilyToTheTrash() {
+    void deletingATableSendsItsWholeFamilyToTheTrashAndNoKeepsAFile() {
+        select(u"notes.txt"_s);
+        h->messages().answer(false);
+        action("mnuFileDelete")->trigger();
+        QCOMPARE(h->messages().shown().size(), 1);
+        QVERIFY(h->folder().exists(u"notes.txt"_s));
+
+        h->messages().clear();
         select(u"SALES.DBF"_s);
         for (int i = 0; i < 3; ++i)
             h->messages().answer(true);
@@ -61,13 +67,6 @@ private Q_SLOTS:
         QVERIFY(left.contains(u"OTHER.DBF"_s));
         const QStringList trashed = filesIn(m_dataHome->file(u"Trash/files"_s));
         QCOMPARE(trashed, (QStringList{u"SALES.DBF"_s, u"SALES.DBT"_s, u"SALES.MDX"_s}));
-    }
-
-    void sayingNoToTheTrashKeepsTheFile() {
-        select(u"notes.txt"_s);
-        h->messages().answer(false);
-        action("mnuFileDelete")->trigger();
-        QVERIFY(h->folder().exists(u"notes.txt"_s));
     }
 
     void renamingToATakenNameKeepsBothFiles() {

@@ -49,16 +49,6 @@ TEST_F(FamilyFixture, AFamilyMovesWholeWithEachMemberKeepingItsExtension) {
     EXPECT_EQ(dir.read(u"dest/NEW.dbt"_s), QByteArray("SALES.dbt"));
 }
 
-TEST_F(FamilyFixture, WhenOneTargetIsTakenNothingMoves) {
-    QDir(dir.path()).mkdir(u"dest"_s);
-    dir.write(u"dest/NEW.MDX"_s, "already here");
-    const QStringList members = family(dir.file(u"SALES.DBF"_s));
-    EXPECT_TRUE(moveAll(members, familyTargets(members, dir.file(u"dest/NEW.DBF"_s))));
-    EXPECT_EQ(namesIn(dir.file(u"dest"_s)), QStringList{u"NEW.MDX"_s});
-    EXPECT_EQ(dir.read(u"dest/NEW.MDX"_s), QByteArray("already here"));
-    EXPECT_EQ(namesIn(dir.path()).size(), 6);
-}
-
 TEST_F(FamilyFixture, AFailurePartWayPutsBackWhatWasMoved) {
     QDir(dir.path()).mkdir(u"dest"_s);
     const QStringList sources{dir.file(u"SALES.DBF"_s), dir.file(u"SALES.dbt"_s)};
@@ -81,19 +71,4 @@ TEST(FileOperations, CopyCanRefuseToOverwrite) {
     EXPECT_FALSE(copyFile(dir.file(u"a.txt"_s), dir.file(u"c.txt"_s), true));
     EXPECT_EQ(copyFile(dir.file(u"none.txt"_s), dir.file(u"d.txt"_s), true).number(), 53);
     EXPECT_EQ(copyFile(dir.file(u"a.txt"_s), dir.file(u"no/d.txt"_s), true).number(), 76);
-}
-
-TEST(FileOperations, TrashTakesTheFileIntoTheDesktopsTrash) {
-    TempFolder home;
-    const QByteArray oldData = qgetenv("XDG_DATA_HOME");
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
-    TempFolder dir;
-    dir.write(u"old.jpg"_s, "picture");
-    EXPECT_FALSE(moveToTrash(dir.file(u"old.jpg"_s)));
-    EXPECT_FALSE(dir.exists(u"old.jpg"_s));
-    EXPECT_EQ(moveToTrash(dir.file(u"old.jpg"_s)).number(), 53);
-    if (oldData.isNull())
-        qunsetenv("XDG_DATA_HOME");
-    else
-        qputenv("XDG_DATA_HOME", oldData);
 }

@@ -50,6 +50,8 @@ public:
 
 struct SearchFixture : ::testing::Test {
     TempFolder dir;
+    RecordingHost host;
+    std::unique_ptr<ShellNamespace> tree;
 
     // Makes each path under the temporary folder: a folder when it ends with "/", else an
     // empty file in its folder.
@@ -72,6 +74,14 @@ struct SearchFixture : ::testing::Test {
         r.startIndex = startIndex;
         return r;
     }
+
+    // Runs a search over the folder's tree, made at the first search and kept for the next.
+    SearchWalk::Result run(const SearchWalk::Request& r) {
+        if (!tree)
+            tree = std::make_unique<ShellNamespace>(dir.path());
+        return SearchWalk::run(*tree, r, host);
+    }
+    SearchWalk::Result run(int startIndex = 0) { return run(request(u"*.BMP"_s, startIndex)); }
 };
 
 } // namespace
@@ -81,13 +91,11 @@ struct SearchFixture : ::testing::Test {
 TEST_F(SearchFixture, ReportModeVisitsEveryFolderInPreOrderAndWritesEachGroup) {
     make({"b/B2/pic.BMP", "b/one.bmp", "A/a1/deep/z.bmp", "A/a1/deep/Y.Bmp", "A/a2/note.txt",
           "A/top.bmp", "c/", "top.bmp", "top.txt"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
     host.reportFile = dir.file(u"F@Prnt.INI"_s);
     SearchWalk::Request r = request(u"*.BMP"_s);
     r.toReport = true;
 
-    const SearchWalk::Result result = SearchWalk::run(tree, r, host);
+    const SearchWalk::Result result = run(r);
 
     EXPECT_EQ(host.reported,
               (QStringList{dir.path(), at("A"), at("A/a1/deep"), at("b"), at("b/B2")}));
@@ -98,7 +106,7 @@ TEST_F(SearchFixture, ReportModeVisitsEveryFolderInPreOrderAndWritesEachGroup) {
                          "##" + QFile::encodeName(at("b")), "one.bmp",
                          "##" + QFile::encodeName(at("b/B2")), "pic.BMP"}));
     // Every node was expanded on the way: the whole tree is in the list.
-    EXPECT_EQ(tree.count(), 8);
+    EXPECT_EQ(tree->count(), 8);
     EXPECT_EQ(host.messages, QStringList{u" End of Search . . ."_s});
     EXPECT_TRUE(host.questions.isEmpty());
     EXPECT_EQ(result.found, at("b/B2"));
@@ -108,34 +116,30 @@ TEST_F(SearchFixture, ReportModeVisitsEveryFolderInPreOrderAndWritesEachGroup) {
 TEST_F(SearchFixture, EachSearchStopsAtTheNextFolderWithHitsAndTheEndStartsOverAtTheTop) {
     // Nodes in order: root, A, a1, a2, B, C.
     make({"A/a1/p.bmp", "A/a2/", "B/q.BMP", "C/r.txt"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
 
-    SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
+    SearchWalk::Result result = run();
     EXPECT_EQ(result.found, at("A/a1"));
     EXPECT_EQ(result.startIndex, 3);
-    EXPECT_FALSE(tree.node(4).expanded); // the walk stopped before B
+    EXPECT_FALSE(tree->node(4).expanded); // the walk stopped before B
 
-    result = SearchWalk::run(tree, request(u"*.BMP"_s, result.startIndex), host);
+    result = run(result.startIndex);
     EXPECT_EQ(result.found, at("B"));
     EXPECT_EQ(result.startIndex, 5);
     EXPECT_TRUE(host.messages.isEmpty());
 
-    result = SearchWalk::run(tree, request(u"*.BMP"_s, result.startIndex), host);
+    result = run(result.startIndex);
     EXPECT_TRUE(result.found.isEmpty());
     EXPECT_EQ(result.startIndex, 0);
     EXPECT_EQ(host.messages, QStringList{u" End of Search . . ."_s});
 
-    result = SearchWalk::run(tree, request(u"*.BMP"_s, result.startIndex), host);
+    result = run(result.startIndex);
     EXPECT_EQ(result.found, at("A/a1"));
     EXPECT_TRUE(host.questions.isEmpty());
 }
 
 TEST_F(SearchFixture, AHitInTheLastNodeIsFoundAndEndsTheTree) {
     make({"A/", "B/last.bmp"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
-    const SearchWalk::Result result = SearchWalk::run(tree, request(u"*.bmp"_s), host);
+    const SearchWalk::Result result = run(request(u"*.bmp"_s));
     EXPECT_EQ(result.found, at("B"));
     EXPECT_EQ(result.startIndex, 0);
     EXPECT_EQ(host.messages, QStringList{u" End of Search . . ."_s});
@@ -143,12 +147,10 @@ TEST_F(SearchFixture, AHitInTheLastNodeIsFoundAndEndsTheTree) {
 
 TEST_F(SearchFixture, MasksMatchFileNamesOnlyWithoutRegardToCase) {
     make({"a/data.txt", "b/folder.zip/", "c/CATALOG/", "d/Backup.ZiP", "d/old.zip", "e/sys.LOG"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
-    SearchWalk::Result result = SearchWalk::run(tree, request(u"*.ZIP"_s), host);
+    SearchWalk::Result result = run(request(u"*.ZIP"_s));
     EXPECT_EQ(result.found, at("d"));
 
-    result = SearchWalk::run(tree, request(u"*.JPG;*LOG"_s), host);
+    result = run(request(u"*.JPG;*LOG"_s));
     EXPECT_EQ(result.found, at("e"));
     EXPECT_EQ(SearchWalk::maskOrDefault(u" "_s), u"*.BMP"_s);
     EXPECT_EQ(SearchWalk::maskOrDefault(u"*.PCX"_s), u"*.PCX"_s);
@@ -172,18 +174,8 @@ struct LimitFixture : SearchFixture {
     }
 };
 
-TEST_F(LimitFixture, ATreeSmallerThanTheLimitNeverAsksToGoOn) {
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
-    const SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
-    EXPECT_EQ(result.found, at("z"));
-    EXPECT_TRUE(host.questions.isEmpty());
-}
-
 TEST_F(LimitFixture, PastTheLimitYesGoesOnUntilTheFolderIsFound) {
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
-    const SearchWalk::Result result = SearchWalk::run(tree, smallLimit(), host);
+    const SearchWalk::Result result = run(smallLimit());
     EXPECT_EQ(result.found, at("z"));
     EXPECT_EQ(result.startIndex, 12);
     // Asked behind node 6, then behind nodes 8 and 10 as each Yes adds two nodes.
@@ -193,17 +185,15 @@ TEST_F(LimitFixture, PastTheLimitYesGoesOnUntilTheFolderIsFound) {
 }
 
 TEST_F(LimitFixture, NoEndsTheSearchEmptyAndTheLimitCountsFromTheTopOfTheList) {
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
     host.otherAnswers = false;
-    SearchWalk::Result result = SearchWalk::run(tree, smallLimit(), host);
+    SearchWalk::Result result = run(smallLimit());
     EXPECT_TRUE(result.found.isEmpty());
     EXPECT_EQ(result.startIndex, 7);
     EXPECT_EQ(host.questions.size(), 1);
 
     // The next search starts behind node 6, past the limit already: it asks after one node.
     host.questions.clear();
-    result = SearchWalk::run(tree, smallLimit(result.startIndex), host);
+    result = run(smallLimit(result.startIndex));
     EXPECT_TRUE(result.found.isEmpty());
     EXPECT_EQ(result.startIndex, 8);
     EXPECT_EQ(host.questions.size(), 1);
@@ -213,8 +203,6 @@ TEST_F(LimitFixture, NoEndsTheSearchEmptyAndTheLimitCountsFromTheTopOfTheList) {
 
 TEST_F(SearchFixture, FoldersThatVanishUnderTheWalkArePassedInSilence) {
     make({"A/x/", "B/hidden.bmp", "B/sub/more.bmp", "C/d/e/", "D/found.bmp", "E/"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
     host.beforeExpand = [this](const ShellNamespace::Node& node) {
         // B goes after the root listed it; C goes after its own children were read.
         if (node.path == at("A"))
@@ -222,16 +210,15 @@ TEST_F(SearchFixture, FoldersThatVanishUnderTheWalkArePassedInSilence) {
         if (node.path == at("C"))
             QDir(at("C")).removeRecursively();
     };
-    const SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
+    const SearchWalk::Result result = run();
     EXPECT_EQ(result.found, at("D"));
     EXPECT_TRUE(host.questions.isEmpty());
     EXPECT_TRUE(host.messages.isEmpty());
-    EXPECT_EQ(tree.indexOfPath(at("B/sub")), -1); // the children of a missing folder stay out
+    EXPECT_EQ(tree->indexOfPath(at("B/sub")), -1); // the children of a missing folder stay out
 
     // The last node vanishing ends the search without a message.
     QDir(at("E")).removeRecursively();
-    const SearchWalk::Result end =
-        SearchWalk::run(tree, request(u"*.BMP"_s, result.startIndex), host);
+    const SearchWalk::Result end = run(result.startIndex);
     EXPECT_TRUE(end.found.isEmpty());
     EXPECT_TRUE(host.messages.isEmpty());
 }
@@ -241,9 +228,7 @@ TEST_F(SearchFixture, AFolderWithoutReadPermissionIsPassedInSilence) {
         GTEST_SKIP() << "the super-user reads every folder";
     make({"A/locked.bmp", "B/open.bmp", "C/"});
     ASSERT_EQ(::chmod(QFile::encodeName(at("A")).constData(), 0), 0);
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
-    const SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
+    const SearchWalk::Result result = run();
     ::chmod(QFile::encodeName(at("A")).constData(), 0755);
     EXPECT_EQ(result.found, at("B"));
     EXPECT_TRUE(host.messages.isEmpty());
@@ -265,11 +250,9 @@ TEST_F(SearchFixture, LinksCountAsWhatTheyPointToAndALinkToAnAncestorNeverLoops)
     ASSERT_EQ(::symlink(QFile::encodeName(at("top.bmp")).constData(),
                         QFile::encodeName(at("B/linked.BMP")).constData()),
               0);
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
     SearchWalk::Request r = request(u"*.BMP"_s);
     r.toReport = true;
-    SearchWalk::run(tree, r, host);
+    run(r);
     // The link shows the files of the folder it points to, once; a link to a file is a file.
     EXPECT_EQ(host.reported, (QStringList{dir.path(), at("A/loop.bmp"), at("B")}));
     EXPECT_EQ(SearchWalk::matchingFiles(at("B"), FileMask::Compiled(u"*.bmp"_s)).names,
@@ -279,11 +262,9 @@ TEST_F(SearchFixture, LinksCountAsWhatTheyPointToAndALinkToAnAncestorNeverLoops)
 
 TEST_F(SearchFixture, AFolderNamedLikeTheComputerIsNotSearched) {
     make({"HOST/in.bmp", "other/out.bmp"});
-    ShellNamespace tree(dir.path());
-    RecordingHost host;
     SearchWalk::Request r = request(u"*.BMP"_s);
     r.computerName = u"HOST"_s;
-    EXPECT_EQ(SearchWalk::run(tree, r, host).found, at("other"));
+    EXPECT_EQ(run(r).found, at("other"));
 }
 
 // --- The network ---
@@ -298,40 +279,37 @@ struct NetworkFixture : SearchFixture {
         net.write(u"share2/photo.bmp"_s, "x");
     }
     // Nodes in order: root, A, B, Network, then share1, docs, share2 once expanded.
-    void addNetwork(ShellNamespace& tree) const {
-        tree.setNetworkMounts({net.file(u"share1"_s), net.file(u"share2"_s)});
+    void addNetwork() {
+        tree = std::make_unique<ShellNamespace>(dir.path());
+        tree->setNetworkMounts({net.file(u"share1"_s), net.file(u"share2"_s)});
     }
 };
 
 TEST_F(NetworkFixture, NoLeavesTheNetworksFoldersOut) {
-    ShellNamespace tree(dir.path());
-    addNetwork(tree);
-    RecordingHost host;
+    addNetwork();
     host.otherAnswers = false;
-    const SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
+    const SearchWalk::Result result = run();
     EXPECT_TRUE(result.found.isEmpty());
     EXPECT_EQ(host.questions, QStringList{u"Do You want to Search the Network?"_s});
-    EXPECT_EQ(tree.count(), 4);
-    EXPECT_TRUE(tree.node(3).isNetwork);
+    EXPECT_EQ(tree->count(), 4);
+    EXPECT_TRUE(tree->node(3).isNetwork);
 }
 
 TEST_F(NetworkFixture, YesSearchesTheMountedFoldersAndAsksOncePerSearch) {
-    ShellNamespace tree(dir.path());
-    addNetwork(tree);
-    RecordingHost host;
-    SearchWalk::Result result = SearchWalk::run(tree, request(u"*.BMP"_s), host);
+    addNetwork();
+    SearchWalk::Result result = run();
     EXPECT_EQ(result.found, net.file(u"share1/docs"_s));
     EXPECT_EQ(host.questions.size(), 1);
 
     // Resumed behind the hit, the search no longer passes the network node.
-    result = SearchWalk::run(tree, request(u"*.BMP"_s, result.startIndex), host);
+    result = run(result.startIndex);
     EXPECT_EQ(result.found, net.file(u"share2"_s));
     EXPECT_EQ(host.questions.size(), 1);
 
     host.questions.clear();
     SearchWalk::Request r = request(u"*.BMP"_s);
     r.toReport = true;
-    SearchWalk::run(tree, r, host);
+    run(r);
     EXPECT_EQ(host.questions, QStringList{u"Do You want to Search the Network?"_s});
     EXPECT_EQ(host.reported.mid(host.reported.size() - 2),
               (QStringList{net.file(u"share1/docs"_s), net.file(u"share2"_s)}));

@@ -132,12 +132,6 @@ private Q_SLOTS:
         QCOMPARE(listFolder(), before);
         QVERIFY(!h->window()->findChild<QFrame*>(u"Frame3"_s)->isVisible());
     }
-
-    void escapeDisarmsTheSearch() {
-        globals().gSearchArmed = true;
-        QTest::keyClick(h->window()->shellList(), Qt::Key_Escape);
-        QVERIFY(!globals().gSearchArmed);
-    }
 };
 
 QTEST_MAIN(SearchWindowTest)

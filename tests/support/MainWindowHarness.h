@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/ChildFrm1.h"
+#include "documents/FrameButtons.h"
 #include "documents/MDIForm1.h"
 #include "platform/WindowRegistry.h"
 #include "settings/ColorsFile.h"
@@ -80,6 +81,22 @@ public:
         if (!QTest::qWaitForWindowActive(frame()))
             return nullptr;
         return frame()->activeChild();
+    }
+
+    // The numbers of the frame's buttons that are enabled.
+    static QList<int> enabledButtons() {
+        QList<int> on;
+        for (int n = 1; n <= FrameButtons::Count; ++n) {
+            if (frame()->button(n)->isEnabled())
+                on.append(n);
+        }
+        return on;
+    }
+
+    // Displays a file of the program folder from the main window without waiting for a window.
+    void display(const QString& name) {
+        activateMain();
+        m_window->DisplayImage(m_dir->file(name));
     }
 
     // A command of a document window's menus.

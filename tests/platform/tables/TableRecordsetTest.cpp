@@ -34,7 +34,6 @@ TEST(TableRecordset, ADbaseRecordSourceIsTheFileInTheDatabaseFolder) {
     ASSERT_TRUE(sales);
     EXPECT_EQ(sales->RecordCount(), 3);
     EXPECT_EQ(sales->fields().size(), 6);
-    EXPECT_EQ(sales->fields().first().name, u"NAME"_s);
     EXPECT_EQ(sales->row(2).value(0), u"Sprocket"_s);
     EXPECT_TRUE(sales->row(3).isEmpty());
     EXPECT_TRUE(sales->row(-1).isEmpty());
@@ -84,10 +83,8 @@ TEST(TableRecordset, TheAccessPasswordIsReadFromTheConnectString) {
     if (!QFileInfo::exists(locked))
         GTEST_SKIP() << "the shared Access samples are absent: " << locked.toStdString();
     // The password alone, as the data control is given it, selects Access.
-    TableRecordset::Opened wrong = TableRecordset::open(u";pwd=Password"_s, locked, u"Table1"_s);
-    EXPECT_EQ(wrong.error.number(), 3031);
-    TableRecordset::Opened none = TableRecordset::open(u"Access"_s, locked, u"Table1"_s);
-    EXPECT_EQ(none.error.number(), 3031);
+    EXPECT_EQ(TableRecordset::open(u";pwd=Password"_s, locked, u"Table1"_s).error.number(), 3031);
+    EXPECT_FALSE(TableRecordset::open(u";pwd=password"_s, locked, u"Table1"_s).error);
 }
 
 TEST(TableRecordset, AnAccessTableIsChosenByNameWhateverItsLetterCase) {
@@ -111,16 +108,15 @@ TEST(TableRecordset, RowsReadInAnyOrderComeOutTheSameAsInOrder) {
     TableRecordset& many = *opened.recordset;
     const qint64 count = many.RecordCount();
     ASSERT_GT(count, TableRecordset::BlockRows * (TableRecordset::KeptBlocks + 2));
-    QStringList inOrder;
+    // Each record holds its number as its key. Far apart, backwards and back again: more
+    // blocks than are kept.
+    auto key = [](qint64 i) { return u"R%1"_s.arg(i, 6, 10, QChar(u'0')); };
     for (qint64 i = 0; i < count; ++i)
-        inOrder.append(many.row(i).value(0));
-    // Far apart, backwards and back again: more blocks than are kept.
+        ASSERT_EQ(many.row(i).value(0), key(i)) << i;
     for (qint64 i = count - 1; i >= 0; i -= 97)
-        ASSERT_EQ(many.row(i).value(0), inOrder[i]) << i;
+        ASSERT_EQ(many.row(i).value(0), key(i)) << i;
     for (qint64 i : {qint64(0), count / 2, count - 1, qint64(1), count - 2})
-        ASSERT_EQ(many.row(i).value(0), inOrder[i]) << i;
-    EXPECT_EQ(inOrder.first(), u"R000000"_s);
-    EXPECT_EQ(inOrder.last(), u"R%1"_s.arg(count - 1, 6, 10, QChar(u'0')));
+        ASSERT_EQ(many.row(i).value(0), key(i)) << i;
 }
 
 TEST(TableGridModel, ShowsTheFieldsAsColumnsAndTheRecordsAsRows) {
