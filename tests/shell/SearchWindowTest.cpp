@@ -96,28 +96,6 @@ private Q_SLOTS:
         QVERIFY(globals().gSearchArmed); // armed again for the next time
     }
 
-    void aReportListsEveryFolderWithHitsAndNoAtTheLimitKeepsTheList() {
-        const int top = selectTreeRoot();
-        QVERIFY(top > 0);
-        Globals& g = globals();
-        // The limit falls right behind the generated tree: tree, a, a1, a2, b, b1.
-        g.gSearchInitial = top + 5;
-        g.gSearchAdditional = 1;
-        g.gSearchToReport = true;
-        g.gSearchMask = u"*.QVZ"_s;
-        const QString report = h->folder().file(u"F@Prnt.INI"_s);
-        QFile::remove(report);
-        h->window()->FindNext();
-        QFile file(report);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("##" + root().toUtf8() + "/a/a1\r\none.qvz\r\n" + "##" +
-                                            root().toUtf8() + "/b\r\nthree.qvz\r\n" + "##" +
-                                            root().toUtf8() + "/b/b1\r\ntwo.qvz\r\n"));
-        // The walk stopped at the limit with a question; No ended it there.
-        QCOMPARE(h->messages().texts(),
-                 QStringList{u"Do you want to continue the Search for - *.QVZ ?"_s});
-    }
-
     void noAtTheLimitLeavesTheFileListWhereItWas() {
         const int top = selectTreeRoot();
         QVERIFY(top > 0);

@@ -133,26 +133,6 @@ TEST(DbaseReader, FindsTheMemoFileWhateverItsLetterCase) {
     }
 }
 
-TEST(DbaseReader, DamagedOrMissingTablesFailWithoutACrash) {
-    TempFolder dir;
-    EXPECT_EQ(TableReader::open(u"dBASE 5.0;"_s, dir.file(u"none.dbf"_s), QString()).error.number(),
-              53);
-    dir.write(u"empty.dbf"_s, QByteArray());
-    EXPECT_TRUE(TableReader::open(u"dBASE 5.0;"_s, dir.file(u"empty.dbf"_s), QString()).error);
-    const QByteArray good = bytesOf(QDir(generatedTables()).filePath(u"SALES.DBF"_s));
-    for (qsizetype cut : {qsizetype(10), qsizetype(40), good.size() / 2, good.size() - 1}) {
-        dir.write(u"cut.dbf"_s, good.left(cut));
-        TableReader::Opened opened =
-            TableReader::open(u"dBASE 5.0;"_s, dir.file(u"cut.dbf"_s), QString());
-        if (opened.error)
-            continue;
-        std::unique_ptr<TableRows> rows =
-            opened.reader->rows(opened.reader->tableDefs().first().name, QString());
-        for (qint64 i = 0; i < std::min<qint64>(rows->count(), 10); ++i)
-            rows->row(i);
-    }
-}
-
 TEST(DbaseReader, ListsTheNdxFilesOfATableAndReadsRowsInTheirOrder) {
     const QString path = QDir(generatedTables()).filePath(u"ITEMS.DBF"_s);
     ASSERT_TRUE(QFileInfo::exists(path)) << "the test tables were not made";
@@ -421,6 +401,8 @@ TEST(DbaseReader, ATableWhoseMemoFileIsMissingOpensWithEmptyMemos) {
 }
 
 TEST(DbaseReader, HeadersAndFieldDescriptorsThatLieAreRefusedBeforeTheyAreRead) {
+    EXPECT_EQ(TableReader::open(u"dBASE 5.0;"_s, u"/nowhere/none.dbf"_s, QString()).error.number(),
+              53);
     QStringList tables{generatedTables() + u"/SALES.DBF"_s, generatedTables() + u"/ITEMS.DBF"_s};
     if (QFileInfo(sharedFixtures()).isDir()) {
         for (const char* name : {"class.DBF", "dbase_83.dbf", "dbase_8b.dbf"})
