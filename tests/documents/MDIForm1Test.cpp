@@ -2,6 +2,7 @@
 #include "documents/ChildFrm1.h"
 #include "platform/Twips.h"
 #include "support/MainWindowHarness.h"
+#include "support/StandIn.h"
 
 #include <QAction>
 #include <QDialog>
@@ -14,25 +15,6 @@
 #include <map>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// A window of a later part of the program, standing in for it: it counts its showings and a
-// modal one closes itself at once.
-class StandIn : public QDialog {
-public:
-    int shows = 0;
-
-protected:
-    void showEvent(QShowEvent* event) override {
-        ++shows;
-        QDialog::showEvent(event);
-        if (isModal())
-            QTimer::singleShot(0, this, &QDialog::reject);
-    }
-};
-
-} // namespace
 
 class MDIForm1Test : public QObject {
     Q_OBJECT

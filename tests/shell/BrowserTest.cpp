@@ -7,6 +7,7 @@
 #include "shell/QuikPict1.h"
 #include "shell/ShellList.h"
 #include "support/MainWindowHarness.h"
+#include "support/StandIn.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -23,18 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// A window of a later part of the program, standing in for it.
-class StandIn : public QWidget {
-public:
-    int shows = 0;
-
-protected:
-    void showEvent(QShowEvent* event) override {
-        ++shows;
-        QWidget::showEvent(event);
-    }
-};
 
 // A desktop set to open items on a single click.
 class SingleClickActivation : public QProxyStyle {
