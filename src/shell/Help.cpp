@@ -13,8 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString pageFile(const QString& page) {
+    return PathUtil::join(PathUtil::join(globals().gAppPath, u"Help"_s), page);
+}
+
 void showPage(const QString& page, QWidget* parent) {
-    const QString file = PathUtil::join(PathUtil::join(globals().gAppPath, u"Help"_s), page);
+    const QString file = pageFile(page);
     if (!QFileInfo::exists(file) || !QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
         Messages::instance().inform(AppError(AppError::FileNotFound).description(), parent);
 }
@@ -29,9 +33,7 @@ void showContents(QWidget* parent) {
 
 void showSearch(QWidget* parent) {
     const QString search = u"search.html"_s;
-    const bool ownPage =
-        QFileInfo::exists(PathUtil::join(PathUtil::join(globals().gAppPath, u"Help"_s), search));
-    showPage(ownPage ? search : u"index.html"_s, parent);
+    showPage(QFileInfo::exists(pageFile(search)) ? search : u"index.html"_s, parent);
 }
 
 } // namespace Help

@@ -14,13 +14,10 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDesktopServices>
-#include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMdiArea>
-#include <QUrl>
 
 #include <algorithm>
 #include <optional>
