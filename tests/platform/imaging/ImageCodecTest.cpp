@@ -1,4 +1,5 @@
 #include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/ImageReaders.h"
 
 #include "support/TempFolder.h"
 
@@ -7,6 +8,8 @@
 #include <QtEndian>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -126,6 +129,60 @@ TEST(ImageCodec, EveryGeneratedPictureDecodesAtItsSizeWithItsColours) {
             EXPECT_TRUE(near(rgb.pixel(20, 30), qRgb(255, 0, 0))) << name.toStdString();
             EXPECT_TRUE(near(rgb.pixel(50, 10), qRgb(0, 0, 255))) << name.toStdString();
         }
+    }
+}
+
+TEST(ImageCodec, JpegsOfInksOpenInTheColoursOfTheirPatches) {
+    struct Case {
+        const char* file;
+        bool likeMagick; // ImageMagick takes every CMYK JPEG for inverted inks
+    };
+    const Case cases[] = {
+        {"ycck.JPG", true},
+        {"adobe-cmyk.JPG", true},
+        {"plain-cmyk.JPG", false},
+        {"ycck-subsampled.JPG", true},
+    };
+    struct Patch {
+        int x, y;
+        QRgb colour;
+    };
+    const Patch patches[] = {{16, 12, qRgb(255, 0, 0)},
+                             {48, 12, qRgb(0, 255, 0)},
+                             {16, 36, qRgb(0, 0, 255)},
+                             {48, 36, qRgb(255, 255, 255)}};
+    auto within = [](QRgb a, QRgb b, int tolerance) {
+        return std::abs(qRed(a) - qRed(b)) <= tolerance &&
+               std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+               std::abs(qBlue(a) - qBlue(b)) <= tolerance;
+    };
+    for (const Case& c : cases) {
+        const QString path = generatedPictures() + u"/cmyk/"_s + QString::fromLatin1(c.file);
+        const ImageCodec::Picture picture = ImageCodec::decode(path);
+        ASSERT_FALSE(picture.error) << c.file << ": " << picture.error.number();
+        ASSERT_EQ(picture.image.size(), QSize(64, 48)) << c.file;
+        EXPECT_EQ(picture.bitsPerPixel, 32) << c.file;
+        const QImage rgb = picture.image.convertToFormat(QImage::Format_RGB32);
+        for (const Patch& patch : patches)
+            EXPECT_TRUE(within(rgb.pixel(patch.x, patch.y), patch.colour, 8))
+                << c.file << " at " << patch.x << "," << patch.y << ": " << std::hex
+                << rgb.pixel(patch.x, patch.y);
+        if (!c.likeMagick)
+            continue;
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QImage magick = ImageReaders::readWithMagick(file.readAll(), "JPEG")
+                                  .image.convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(magick.size(), rgb.size()) << c.file;
+        int worst = 0;
+        for (int y = 0; y < rgb.height(); ++y)
+            for (int x = 0; x < rgb.width(); ++x) {
+                const QRgb a = rgb.pixel(x, y);
+                const QRgb b = magick.pixel(x, y);
+                worst = std::max({worst, std::abs(qRed(a) - qRed(b)),
+                                  std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+            }
+        EXPECT_LE(worst, 3) << c.file << " against ImageMagick";
     }
 }
 
