@@ -396,7 +396,8 @@ TEST(DbaseReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
         for (const QString& damaged : files) {
             const QByteArray good = bytesOf(damaged);
             ASSERT_FALSE(good.isEmpty()) << damaged.toStdString();
-            for (const auto& [what, bytes] : damagedCopies(good, {{4, 8}, {16, 32}})) {
+            for (const auto& [what, bytes] :
+                 damagedCopies(good, {{4, 8}, {16, 32}, {48, 2}, {80, 2}})) {
                 TempFolder dir;
                 copyInto(dir, files);
                 dir.write(QFileInfo(damaged).fileName(), bytes);
@@ -404,6 +405,88 @@ TEST(DbaseReader, DamagedCopiesOfEveryFileEndInAnErrorOrSomeRows) {
                              QFileInfo(damaged).fileName().toStdString() + " " + what);
             }
         }
+    }
+}
+
+// The parts of a dBASE header that a change below touches.
+quint16 headerBytes(const QByteArray& table) {
+    return qFromLittleEndian<quint16>(table.constData() + 8);
+}
+
+quint16 recordBytes(const QByteArray& table) {
+    return qFromLittleEndian<quint16>(table.constData() + 10);
+}
+
+void setHeaderBytes(QByteArray& table, int value) {
+    qToLittleEndian<quint16>(static_cast<quint16>(value), table.data() + 8);
+}
+
+void setRecordBytes(QByteArray& table, int value) {
+    qToLittleEndian<quint16>(static_cast<quint16>(value), table.data() + 10);
+}
+
+// The field descriptors, 32 bytes each from byte 32.
+char& fieldByte(QByteArray& table, int field, int at) {
+    return table[32 + 32 * field + at];
+}
+
+int fieldCount(const QByteArray& table) {
+    return (headerBytes(table) - 33) / 32;
+}
+
+TEST(DbaseReader, TablesWhoseHeaderOrFieldsLieAreRefused) {
+    struct Lie {
+        const char* what;
+        void (*change)(QByteArray&);
+    };
+    const Lie lies[] = {
+        {"record length one short", [](QByteArray& t) { setRecordBytes(t, recordBytes(t) - 1); }},
+        {"record length one long", [](QByteArray& t) { setRecordBytes(t, recordBytes(t) + 1); }},
+        {"record length 0", [](QByteArray& t) { setRecordBytes(t, 0); }},
+        {"record length 65535", [](QByteArray& t) { setRecordBytes(t, 65535); }},
+        {"first field one longer", [](QByteArray& t) { ++fieldByte(t, 0, 16); }},
+        {"first field of length 0", [](QByteArray& t) { fieldByte(t, 0, 16) = 0; }},
+        {"last field of length 255",
+         [](QByteArray& t) { fieldByte(t, fieldCount(t) - 1, 16) = char(255); }},
+        {"header one field longer", [](QByteArray& t) { setHeaderBytes(t, headerBytes(t) + 32); }},
+        {"header one field shorter", [](QByteArray& t) { setHeaderBytes(t, headerBytes(t) - 32); }},
+        {"header of 65535 bytes", [](QByteArray& t) { setHeaderBytes(t, 65535); }},
+        {"header of 0 bytes", [](QByteArray& t) { setHeaderBytes(t, 0); }},
+        {"header of 31 bytes", [](QByteArray& t) { setHeaderBytes(t, 31); }},
+        {"field list without its end", [](QByteArray& t) { t[headerBytes(t) - 1] = 'A'; }},
+        {"field of no type", [](QByteArray& t) { fieldByte(t, 0, 11) = 0; }},
+        {"cut inside its header", [](QByteArray& t) { t.truncate(headerBytes(t) - 1); }},
+    };
+    QStringList tables{generatedTables() + u"/SALES.DBF"_s, generatedTables() + u"/ITEMS.DBF"_s};
+    if (QFileInfo(sharedFixtures()).isDir())
+        for (const char* name : {"dbase_83.dbf", "dbase_8b.dbf", "class.DBF"})
+            tables.append(sharedFixtures() + u"/dbase/"_s + QString::fromLatin1(name));
+    for (const QString& table : tables) {
+        const QByteArray good = bytesOf(table);
+        ASSERT_GT(good.size(), 64) << table.toStdString();
+        for (const Lie& lie : lies) {
+            QByteArray bytes = good;
+            lie.change(bytes);
+            TempFolder dir;
+            dir.write(u"lies.dbf"_s, bytes);
+            const std::string what = QFileInfo(table).fileName().toStdString() + ": " + lie.what;
+            EXPECT_EQ(openDbase(dir.file(u"lies.dbf"_s)).error.number(), 75) << what;
+            readEveryRow(dir, u"dBASE 5.0;"_s, u"lies.dbf"_s, what);
+        }
+        // The field addresses stored in the descriptors are not looked at: dBASE IV keeps
+        // memory addresses there.
+        QByteArray addresses = good;
+        for (int field = 0; field < fieldCount(good); ++field)
+            qToLittleEndian<quint32>(0xFFFFFFF0U, &fieldByte(addresses, field, 12));
+        TempFolder dir;
+        dir.write(u"good.dbf"_s, good);
+        dir.write(u"addresses.dbf"_s, addresses);
+        TableReader::Opened expected = openDbase(dir.file(u"good.dbf"_s));
+        TableReader::Opened opened = openDbase(dir.file(u"addresses.dbf"_s));
+        ASSERT_FALSE(expected.error) << table.toStdString();
+        ASSERT_FALSE(opened.error) << table.toStdString();
+        EXPECT_EQ(allRows(*opened.reader, QString()), allRows(*expected.reader, QString()))
+            << table.toStdString();
     }
 }
 
