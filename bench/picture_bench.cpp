@@ -1,15 +1,19 @@
 // Opening a 24-megapixel JPEG beside djpeg (libjpeg-turbo) decoding the same file, and the
-// picture commands Flip, Invert and Brightness on it.
+// picture commands Flip, Invert and Brightness on it; then the same picture as a CMYK JPEG
+// (written by ImageMagick's convert) beside djpeg turning it into RGB, and beside ImageMagick
+// reading it.
 //
 // Run: build/bench/bench/bench_pictures
 // Prints the median of several runs of each and the ratio of our open to djpeg's decode.
 
 #include "platform/imaging/ImageCodec.h"
+#include "platform/imaging/ImageReaders.h"
 #include "platform/imaging/PictureView.h"
 #include "platform/imaging/PixelOps.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -77,5 +81,30 @@ int main(int argc, char** argv) {
     std::printf("flip:                 %8.1f ms\n", flip);
     std::printf("invert:               %8.1f ms\n", invert);
     std::printf("brightness:           %8.1f ms\n", brightness);
+
+    const QString cmyk = dir.filePath(QStringLiteral("big-cmyk.jpg"));
+    if (QProcess::execute(QStringLiteral("convert"),
+                          {path, QStringLiteral("-colorspace"), QStringLiteral("CMYK"),
+                           QStringLiteral("-quality"), QStringLiteral("90"), cmyk}) != 0) {
+        std::printf("no CMYK picture: ImageMagick's convert failed\n");
+        return 1;
+    }
+    const double djpegCmyk = medianMs(runs, [&] {
+        QProcess::execute(QStringLiteral("djpeg"),
+                          {QStringLiteral("-outfile"), QStringLiteral("/dev/null"), cmyk});
+    });
+    const double openCmyk = medianMs(runs, [&] {
+        const ImageCodec::Picture picture = ImageCodec::decode(cmyk);
+        view.setImage(picture.image);
+    });
+    QFile file(cmyk);
+    file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = file.readAll();
+    const double magickCmyk =
+        medianMs(3, [&] { view.setImage(ImageReaders::readWithMagick(bytes, "JPEG").image); });
+    std::printf("24-megapixel CMYK (YCCK) JPEG\n");
+    std::printf("djpeg decode to RGB:  %8.1f ms\n", djpegCmyk);
+    std::printf("open (decode + show): %8.1f ms  ratio %.2f\n", openCmyk, openCmyk / djpegCmyk);
+    std::printf("ImageMagick read:     %8.1f ms  ratio %.2f\n", magickCmyk, magickCmyk / djpegCmyk);
     return 0;
 }

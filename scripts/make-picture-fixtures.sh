@@ -17,13 +17,6 @@ convert base.png -monochrome mono.png
 convert base.png -quality 90 jpeg-baseline.JPG
 convert base.png -interlace JPEG jpeg-progressive.JPG
 convert gray.png jpeg-gray.JPG
-# Four-colour JPEGs as print programs write them, of four patches (red, green, blue, white), each
-# 16 pixels wide: ImageMagick writes YCCK under Adobe's marker, Pillow plain CMYK under it, both
-# with the inverted values of Adobe's programs.
-convert -size 16x48 xc:red xc:lime xc:blue xc:white +append patches.png
-convert patches.png -colorspace CMYK ink-ycck.JPG
-/usr/bin/python3 -c "import sys; from PIL import Image; \
-Image.open('patches.png').convert('CMYK').save(sys.argv[1], quality=95)" ink-cmyk.JPG
 convert base.png -type TrueColor bmp-24.BMP
 convert base.png -type TrueColorAlpha bmp-32.BMP
 convert base.png -colors 16 -type Palette BMP3:bmp-4.BMP
@@ -55,5 +48,38 @@ convert mono.png JBIG:jbig.JBG
 convert base.png -resize 192x128! PCD:pcd.PCD
 convert base.png ppm:- | ppmtoilbm > iff-24.IFF 2>/dev/null
 convert mono.png pbm:- | pbmtogem > gem.IMG 2>/dev/null
+
+# JPEGs of inks, in cmyk/: a red, a green, a blue and a white patch, each 32 x 24 pixels.
+# ImageMagick writes YCCK with Adobe's marker; python3-pil writes CMYK with the marker and the
+# inks inverted; a CMYK file without the marker holds the inks themselves; the last one has a
+# sampling of its components that TurboJPEG does not take.
+mkdir -p cmyk
+rm -f cmyk/*
+convert -size 64x48 xc:white -fill red -draw 'rectangle 0,0 31,23' \
+    -fill lime -draw 'rectangle 32,0 63,23' -fill blue -draw 'rectangle 0,24 31,47' patches.png
+convert patches.png -colorspace CMYK -quality 95 cmyk/ycck.JPG
+convert patches.png -colorspace CMYK -quality 95 -sampling-factor 2x2,1x1,1x1,1x1 \
+    cmyk/ycck-subsampled.JPG
+/usr/bin/python3 - <<'PYTHON'
+import io
+from PIL import Image, ImageChops
+
+inks = Image.open("patches.png").convert("CMYK")
+inks.save("cmyk/adobe-cmyk.JPG", quality=95)
+# PIL stores CMYK inverted: given inverted inks, it stores the inks. Its Adobe marker goes.
+stream = io.BytesIO()
+ImageChops.invert(inks).save(stream, "JPEG", quality=95)
+data = stream.getvalue()
+plain, at = bytearray(data[:2]), 2
+while True:
+    marker, length = data[at + 1], data[at + 2] << 8 | data[at + 3]
+    if marker != 0xEE:
+        plain += data[at : at + 2 + length]
+    if marker == 0xDA:
+        plain += data[at + 2 + length :]
+        break
+    at += 2 + length
+open("cmyk/plain-cmyk.JPG", "wb").write(plain)
+PYTHON
 
 rm -f base.png gray.png mono.png patches.png

@@ -147,13 +147,15 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     switch (ImageCodec::readerFor(extension)) {
     case ImageCodec::Reader::Qt:
         if (extension == u"JPG"_s) {
-            result = fromBytes(ImageReaders::readJpeg);
-            // What TurboJPEG does not decode (12-bit or lossless streams, for two), ImageMagick
-            // reads.
-            if (result.error && result.error.number() != ImageCodec::UnknownFormat)
-                result = fromBytes([](const QByteArray& bytes) {
-                    return ImageReaders::readWithMagick(bytes, "JPEG");
-                });
+            // TurboJPEG refuses some streams that libjpeg reads (unusual sampling factors of
+            // the colour components, for one); ImageMagick reads those.
+            result = fromBytes([](const QByteArray& bytes) {
+                ImageReaders::Result jpeg = ImageReaders::readJpeg(bytes);
+                if (!jpeg.error || !bytes.startsWith("\xFF\xD8"))
+                    return jpeg;
+                ImageReaders::Result magick = ImageReaders::readWithMagick(bytes, "JPEG");
+                return magick.error ? jpeg : magick;
+            });
             break;
         }
         result = readWithQt(path, qtFormats().value(extension));

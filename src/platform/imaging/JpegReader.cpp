@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <turbojpeg.h>
 
+#include <cstring>
 #include <utility>
 
 namespace {
@@ -33,35 +34,62 @@ QImage largeImage(int width, int height, QImage::Format format) {
     return image;
 }
 
-// Whether the file carries Adobe's APP14 marker, which Adobe's programs (and the libraries that
-// follow them) write with the ink values of four-colour pictures inverted.
-bool hasAdobeMarker(const QByteArray& bytes) {
-    qsizetype at = 2; // behind the start of image
-    while (at + 4 <= bytes.size() && uchar(bytes[at]) == 0xFF) {
-        const uchar marker = uchar(bytes[at + 1]);
-        if (marker == 0xDA) // the start of scan: no more markers before the picture
-            break;
-        const qsizetype length = (qsizetype(uchar(bytes[at + 2])) << 8) | uchar(bytes[at + 3]);
-        if (marker == 0xEE && length >= 12 && bytes.mid(at + 4, 5) == "Adobe")
+// Whether the stream carries Adobe's APP14 marker, which says that its CMYK or YCCK inks are
+// stored inverted (0 for full ink), as Adobe's programs write them. Only the segments before
+// the first scan are looked at.
+bool hasAdobeMarker(const unsigned char* data, size_t size) {
+    size_t at = 2;
+    while (at + 4 <= size) {
+        if (data[at] != 0xFF)
+            return false;
+        const unsigned char marker = data[at + 1];
+        if (marker == 0xFF) { // fill byte
+            ++at;
+            continue;
+        }
+        if (marker == 0xDA || marker == 0xD9) // start of scan, end of image
+            return false;
+        if (marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7)) { // no length
+            at += 2;
+            continue;
+        }
+        const size_t length = size_t(data[at + 2]) << 8 | data[at + 3];
+        if (length < 2)
+            return false;
+        if (marker == 0xEE && length >= 2 + 12 && at + 2 + length <= size &&
+            std::memcmp(data + at + 4, "Adobe", 5) == 0)
             return true;
         at += 2 + length;
     }
     return false;
 }
 
-// Turns the four-colour pixels decoded into the picture's memory into red, green and blue in
-// place: each ink takes its share of the light, and black darkens all three.
-void cmykToRgb(QImage& image, bool inverted) {
-    for (int y = 0; y < image.height(); ++y) {
-        auto* pixel = reinterpret_cast<uchar*>(image.scanLine(y));
-        auto* out = reinterpret_cast<QRgb*>(pixel);
-        for (int x = 0; x < image.width(); ++x, pixel += 4) {
-            // Light left by each ink and by black, 255 for none of it.
-            const int c = inverted ? pixel[0] : 255 - pixel[0];
-            const int m = inverted ? pixel[1] : 255 - pixel[1];
-            const int ye = inverted ? pixel[2] : 255 - pixel[2];
-            const int k = inverted ? pixel[3] : 255 - pixel[3];
-            out[x] = qRgb((c * k + 127) / 255, (m * k + 127) / 255, (ye * k + 127) / 255);
+// Exact x / 255, rounded, for x up to 255 * 255.
+inline unsigned divide255(unsigned x) {
+    x += 128;
+    return (x + (x >> 8)) >> 8;
+}
+
+// Turns rows of CMYK pixels into BGRX in place, each 4 bytes wide. Inverted inks (Adobe's) hold
+// 255 - ink, so that a colour channel is the product of the two stored values.
+void cmykToBgrx(uchar* bits, qsizetype bytesPerLine, int width, int height, bool inverted) {
+    for (int y = 0; y < height; ++y) {
+        uchar* p = bits + y * bytesPerLine;
+        for (int x = 0; x < width; ++x, p += 4) {
+            unsigned c = p[0];
+            unsigned m = p[1];
+            unsigned yellow = p[2];
+            unsigned k = p[3];
+            if (!inverted) {
+                c = 255 - c;
+                m = 255 - m;
+                yellow = 255 - yellow;
+                k = 255 - k;
+            }
+            p[0] = static_cast<uchar>(divide255(yellow * k));
+            p[1] = static_cast<uchar>(divide255(m * k));
+            p[2] = static_cast<uchar>(divide255(c * k));
+            p[3] = 255;
         }
     }
 }
@@ -71,6 +99,8 @@ void cmykToRgb(QImage& image, bool inverted) {
 namespace ImageReaders {
 
 // JPEG through libjpeg-turbo's TurboJPEG interface, decoded straight into the picture's memory.
+// CMYK and YCCK streams come out as CMYK in the same four bytes a pixel and are turned into RGB
+// where they lie.
 Result readJpeg(const QByteArray& bytes) {
     Result result;
     result.error = AppError(ImageCodec::ReadFailed);
@@ -93,16 +123,14 @@ Result readJpeg(const QByteArray& bytes) {
         return result;
     }
     const bool gray = colorspace == TJCS_GRAY;
-    // Four-colour pictures (CMYK and YCCK) decode to their inks, four bytes a pixel like the
-    // picture's own, and turn into light in place.
-    const bool inks = colorspace == TJCS_CMYK || colorspace == TJCS_YCCK;
+    const bool cmyk = colorspace == TJCS_CMYK || colorspace == TJCS_YCCK;
     QImage image =
         largeImage(width, height, gray ? QImage::Format_Grayscale8 : QImage::Format_RGB32);
     if (image.isNull()) {
         tjDestroy(handle);
         return result;
     }
-    const int pixelFormat = gray ? TJPF_GRAY : inks ? TJPF_CMYK : TJPF_BGRX;
+    const int pixelFormat = gray ? TJPF_GRAY : cmyk ? TJPF_CMYK : TJPF_BGRX;
     const int status = tjDecompress2(handle, data, size, image.bits(), width,
                                      static_cast<int>(image.bytesPerLine()), height, pixelFormat,
                                      TJFLAG_NOREALLOC);
@@ -111,9 +139,9 @@ Result readJpeg(const QByteArray& bytes) {
     tjDestroy(handle);
     if (failed)
         return result;
-    if (inks)
-        cmykToRgb(image, hasAdobeMarker(bytes));
-    result.bits = gray ? 8 : 24;
+    if (cmyk)
+        cmykToBgrx(image.bits(), image.bytesPerLine(), width, height, hasAdobeMarker(data, size));
+    result.bits = gray ? 8 : cmyk ? 32 : 24;
     result.image = std::move(image);
     result.error = AppError();
     return result;

@@ -34,8 +34,10 @@ int bitsOfMagick(const Magick::Image& image) {
     case Magick::PaletteMatteType:
         return image.colorMapSize() <= 2 ? 1 : image.colorMapSize() <= 16 ? 4 : 8;
     case Magick::TrueColorMatteType:
-    case Magick::ColorSeparationMatteType:
+    case Magick::ColorSeparationType:
         return 32;
+    case Magick::ColorSeparationMatteType:
+        return 40;
     default:
         return 24;
     }
@@ -78,13 +80,16 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
             image.read(blob);
         else
             image.read(source);
-        // Four-colour pictures come out as light, not as their inks.
-        if (image.colorSpace() == Magick::CMYKColorspace)
-            image.colorSpace(Magick::sRGBColorspace);
         const qint64 width = image.columns();
         const qint64 height = image.rows();
         if (width <= 0 || height <= 0 || !withinLimits(width, height))
             return result;
+        const int bits = bitsOfMagick(image);
+        // The pixels are handed out as RGBA whatever the colour space, so inks (a CMYK JPEG,
+        // TIFF or PSD) are turned into sRGB first.
+        if (image.colorSpace() == Magick::CMYKColorspace ||
+            image.colorSpace() == Magick::CMYColorspace)
+            image.colorSpace(Magick::sRGBColorspace);
         QImage decoded(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGBA8888);
         if (decoded.isNull())
             return result;
@@ -98,7 +103,7 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
             for (int y = 0; y < height; ++y)
                 memcpy(decoded.scanLine(y), pixels.constData() + y * width * 4, width * 4);
         }
-        result.bits = bitsOfMagick(image);
+        result.bits = bits;
         result.image = decoded.hasAlphaChannel() && image.matte()
                            ? decoded
                            : decoded.convertToFormat(QImage::Format_RGB32);

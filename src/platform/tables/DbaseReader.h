@@ -3,17 +3,15 @@
 #include "platform/tables/DbaseIndex.h"
 #include "platform/tables/TableReader.h"
 
-#include <QTemporaryDir>
-
 #include <memory>
 
 class DbaseMemoFile;
-class xbXBase;
-class xbDbf;
+struct DbaseLayout;
 
-// dBASE tables (.DBF with .DBT memos) through xbase64, opened through a private folder with a
-// link named as xbase64 expects. Memos are read in our own code from the memo file, found
-// whatever its letter case.
+// dBASE tables (.DBF with .DBT memos). The header and field descriptors are checked in our own
+// code, then xbase64 names and types the fields, opening the table through a private folder with
+// a link named as it expects. Records are read in our own code at the places the checked header
+// gives, and memos from the memo file, found whatever its letter case.
 // Rows come in stored order or in the order of one of the table's NDX files or MDX tags.
 class DbaseReader final : public TableReader {
 public:
@@ -27,11 +25,8 @@ private:
     DbaseReader() = default;
 
     QString m_path;
-    QTemporaryDir m_links;
-    std::unique_ptr<xbXBase> m_base;
-    std::unique_ptr<xbDbf> m_table;
+    std::unique_ptr<DbaseLayout> m_layout; // where the records and fields lie
     TableDef m_def;
     QList<DbaseIndex> m_indexes;
-    qint64 m_count = 0;                     // records in the file
     std::shared_ptr<DbaseMemoFile> m_memos; // null without a readable memo file
 };
