@@ -4,57 +4,180 @@
 #include "platform/PathUtil.h"
 
 #include <QFile>
+#include <QStringDecoder>
+#include <QVarLengthArray>
 
 #include <algorithm>
-#include <filesystem>
+#include <cstring>
+#include <limits>
 
-namespace fs = std::filesystem;
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace {
+
+QString decode(std::string_view name) {
+    return QFile::decodeName(
+        QByteArray::fromRawData(name.data(), static_cast<qsizetype>(name.size())));
+}
+
+// Decodes a name into a buffer on the stack, for comparing without a QString.
+class DecodedName {
+public:
+    explicit DecodedName(std::string_view name) {
+        QStringDecoder decoder(QStringConverter::Utf8,
+                               QStringConverter::Flag::Stateless |
+                                   QStringConverter::Flag::ConvertInitialBom);
+        const QByteArrayView in(name.data(), static_cast<qsizetype>(name.size()));
+        m_text.resize(decoder.requiredSpace(in.size()));
+        m_text.resize(decoder.appendToBuffer(m_text.data(), in) - m_text.data());
+    }
+    QStringView view() const { return {m_text.data(), m_text.size()}; }
+
+private:
+    QVarLengthArray<QChar, 256> m_text;
+};
+
+// Case-insensitive order with the exact order of the names breaking ties, the same as
+// comparing the decoded names with QString. ASCII is compared on the bytes; at the first
+// other character both names are decoded and compared in full. The first bytes up to start
+// are known to be equal but for case.
+bool lessByName(std::string_view a, std::string_view b, size_t start = 0) {
+    const size_t common = std::min(a.size(), b.size());
+    for (size_t i = start; i < common; ++i) {
+        const auto ca = static_cast<unsigned char>(a[i]);
+        const auto cb = static_cast<unsigned char>(b[i]);
+        if (ca == cb)
+            continue;
+        if ((ca | cb) >= 0x80) {
+            const DecodedName da(a), db(b);
+            const int byName = da.view().compare(db.view(), Qt::CaseInsensitive);
+            return byName != 0 ? byName < 0 : da.view().compare(db.view(), Qt::CaseSensitive) < 0;
+        }
+        const unsigned char la = ca >= 'A' && ca <= 'Z' ? ca + ('a' - 'A') : ca;
+        const unsigned char lb = cb >= 'A' && cb <= 'Z' ? cb + ('a' - 'A') : cb;
+        if (la != lb)
+            return la < lb;
+    }
+    if (a.size() != b.size())
+        return a.size() < b.size();
+    return a < b;
+}
+
+// An entry while sorting, with its first eight bytes in lower case as one number, so that
+// most comparisons need not look at the names. Only names whose first bytes are ASCII have
+// such a key.
+struct SortItem {
+    std::uint64_t key = 0;
+    std::uint32_t offset = 0;
+    std::uint16_t size = 0;
+    bool isFolder = false;
+    bool hasKey = true;
+};
+
+constexpr size_t KeyBytes = sizeof(SortItem::key);
+
+void setKey(SortItem& item, std::string_view name) {
+    for (size_t i = 0; i < KeyBytes; ++i) {
+        auto c = i < name.size() ? static_cast<unsigned char>(name[i]) : 0;
+        if (c >= 0x80) {
+            item.hasKey = false;
+            return;
+        }
+        if (c >= 'A' && c <= 'Z')
+            c += 'a' - 'A';
+        item.key = item.key << 8 | c;
+    }
+}
+
+} // namespace
 
 bool FolderListing::read(const QString& folder) {
     m_folder = folder;
-    m_all.clear();
-    std::error_code error;
-    fs::directory_iterator it(fs::path(QFile::encodeName(folder).toStdString()),
-                              fs::directory_options::skip_permission_denied, error);
-    const bool readable = !error;
-    for (; !error && it != fs::directory_iterator(); it.increment(error)) {
-        const std::string name = it->path().filename().native();
-        if (name.empty() || name.front() == '.')
-            continue;
-        std::error_code typeError;
-        m_all.push_back(
-            {QFile::decodeName(QByteArray::fromStdString(name)), it->is_directory(typeError)});
+    // Fresh buffers, so that a small folder after a large one gives the memory back.
+    m_names = {};
+    m_items = {};
+    std::vector<SortItem> sorted;
+    DIR* dir = opendir(QFile::encodeName(folder).constData());
+    if (dir) {
+        const int fd = dirfd(dir);
+        while (const dirent* found = readdir(dir)) {
+            const char* name = found->d_name;
+            if (name[0] == '.')
+                continue;
+            const size_t size = std::strlen(name);
+            if (m_names.size() + size > std::numeric_limits<std::uint32_t>::max())
+                break;
+            SortItem item;
+            item.offset = static_cast<std::uint32_t>(m_names.size());
+            item.size = static_cast<std::uint16_t>(size);
+            item.isFolder = found->d_type == DT_DIR;
+            // A link counts as what it points to; some file systems leave the kind unknown.
+            if (found->d_type == DT_LNK || found->d_type == DT_UNKNOWN) {
+                struct stat status;
+                item.isFolder = fstatat(fd, name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+            }
+            setKey(item, {name, size});
+            m_names.append(name, size);
+            sorted.push_back(item);
+        }
+        closedir(dir);
     }
-    std::sort(m_all.begin(), m_all.end(), [](const Entry& a, const Entry& b) {
+    const auto name = [this](const SortItem& item) {
+        return std::string_view(m_names.data() + item.offset, item.size);
+    };
+    std::sort(sorted.begin(), sorted.end(), [&name](const SortItem& a, const SortItem& b) {
         if (a.isFolder != b.isFolder)
             return a.isFolder;
-        const int byName = a.name.compare(b.name, Qt::CaseInsensitive);
-        return byName != 0 ? byName < 0 : a.name < b.name;
+        if (!a.hasKey || !b.hasKey)
+            return lessByName(name(a), name(b));
+        if (a.key != b.key)
+            return a.key < b.key;
+        return lessByName(name(a), name(b), std::min({KeyBytes, size_t{a.size}, size_t{b.size}}));
     });
+    m_items.reserve(sorted.size());
+    for (const SortItem& item : sorted)
+        m_items.push_back({item.offset, item.size, item.isFolder});
     setMask(m_mask);
-    return readable;
+    return dir != nullptr;
 }
 
 void FolderListing::setMask(const QString& mask) {
     m_mask = mask;
     m_shown.clear();
-    m_shown.reserve(m_all.size());
+    m_shown.reserve(m_items.size());
     const FileMask::Compiled compiled(mask);
     const bool everything = mask.trimmed().isEmpty() || compiled.matchesEverything();
-    for (size_t i = 0; i < m_all.size(); ++i) {
-        if (m_all[i].isFolder || everything || compiled.matches(m_all[i].name))
+    for (size_t i = 0; i < m_items.size(); ++i) {
+        const Item& item = m_items[i];
+        if (item.isFolder || everything || compiled.matchesUtf8(bytes(item)))
             m_shown.push_back(static_cast<int>(i));
     }
 }
 
+QString FolderListing::name(int index) const {
+    return decode(bytes(item(index)));
+}
+
 QString FolderListing::path(int index) const {
-    return PathUtil::join(m_folder, entry(index).name);
+    return PathUtil::join(m_folder, name(index));
 }
 
 int FolderListing::indexOfName(const QString& name) const {
+    const QByteArray encoded = QFile::encodeName(name);
+    const std::string_view wanted(encoded.constData(), static_cast<size_t>(encoded.size()));
     for (size_t i = 0; i < m_shown.size(); ++i) {
-        if (m_all[static_cast<size_t>(m_shown[i])].name == name)
+        if (bytes(m_items[static_cast<size_t>(m_shown[i])]) == wanted)
             return static_cast<int>(i);
+    }
+    // A name that is not valid UTF-8 reads back with replacement characters and so never
+    // encodes to its own bytes.
+    if (name.contains(QChar::ReplacementCharacter)) {
+        for (int i = 0; i < count(); ++i) {
+            if (this->name(i) == name)
+                return i;
+        }
     }
     return -1;
 }
