@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 #include <QHash>
+#include <QIcon>
 
 // The entries of the current folder for the file list, with name, size, type and date. Sizes
 // and dates are read for an entry only when a view asks for them.
@@ -20,7 +21,7 @@ public:
     void reload();
     const FolderListing& listing() const { return m_listing; }
     QString path(int row) const { return m_listing.path(row); }
-    bool isFolder(int row) const { return m_listing.entry(row).isFolder; }
+    bool isFolder(int row) const { return m_listing.isFolder(row); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -37,4 +38,7 @@ private:
 
     FolderListing m_listing;
     mutable QHash<int, Details> m_details;
+    // The style's two icons, taken once rather than for every row painted.
+    mutable QIcon m_folderIcon;
+    mutable QIcon m_fileIcon;
 };
