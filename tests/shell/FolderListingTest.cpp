@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -58,4 +63,66 @@ TEST(FolderListing, AFolderThatCannotBeReadListsNothing) {
     EXPECT_FALSE(listing.read(dir.file(u"missing"_s)));
     EXPECT_EQ(listing.count(), 0);
     EXPECT_EQ(listing.indexOfName(u"x"_s), -1);
+}
+
+TEST(FolderListing, NamesOutsideAsciiSortAsTheirText) {
+    const QStringList written = {u"\u00e9cole"_s,
+                                 u"Ecole"_s,
+                                 u"ecole2"_s,
+                                 u"zebra"_s,
+                                 u"\u00c4rger"_s,
+                                 u"apple"_s,
+                                 u"APPLE"_s,
+                                 u"\u00c9mile"_s,
+                                 u"\u00df"_s,
+                                 u"ss"_s,
+                                 u"_x"_s,
+                                 u"Z"_s,
+                                 u"\u0444\u0430\u0439\u043b"_s,
+                                 u"\u0424\u0430\u0439\u043b2"_s,
+                                 u"a\u212a"_s,
+                                 u"ak"_s,
+                                 u"aL"_s,
+                                 u"file00012345.jpg"_s,
+                                 u"FILE00012345.JPG"_s,
+                                 u"file0001234.jpg"_s};
+    TempFolder dir;
+    for (const QString& name : written)
+        dir.write(name, "x");
+    QStringList expected = written;
+    std::sort(expected.begin(), expected.end(), [](const QString& a, const QString& b) {
+        const int byName = a.compare(b, Qt::CaseInsensitive);
+        return byName != 0 ? byName < 0 : a < b;
+    });
+    FolderListing listing;
+    ASSERT_TRUE(listing.read(dir.path()));
+    EXPECT_EQ(names(listing), expected);
+}
+
+TEST(FolderListing, LinksCountAsWhatTheyPointTo) {
+    TempFolder dir;
+    QDir(dir.path()).mkdir(u"real"_s);
+    dir.write(u"plain.txt"_s, "x");
+    QFile::link(dir.file(u"real"_s), dir.file(u"linked"_s));
+    QFile::link(dir.file(u"plain.txt"_s), dir.file(u"shortcut.txt"_s));
+    QFile::link(dir.file(u"missing"_s), dir.file(u"broken"_s));
+    FolderListing listing;
+    listing.setMask(u"*.TXT"_s);
+    listing.read(dir.path());
+    EXPECT_EQ(names(listing),
+              (QStringList{u"linked"_s, u"real"_s, u"plain.txt"_s, u"shortcut.txt"_s}));
+    EXPECT_TRUE(listing.isFolder(0));
+    EXPECT_FALSE(listing.isFolder(3));
+}
+
+TEST(FolderListing, FindsANameThatIsNotUtf8) {
+    TempFolder dir;
+    const QByteArray bytes = QFile::encodeName(dir.path()) + "/bad\xff.txt";
+    ::close(::open(bytes.constData(), O_CREAT | O_WRONLY, 0644));
+    dir.write(u"good.txt"_s, "x");
+    FolderListing listing;
+    listing.read(dir.path());
+    ASSERT_EQ(listing.count(), 2);
+    EXPECT_EQ(listing.indexOfName(listing.name(0)), 0);
+    EXPECT_EQ(listing.indexOfName(u"good.txt"_s), 1);
 }
