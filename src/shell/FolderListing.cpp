@@ -65,29 +65,45 @@ bool lessByName(std::string_view a, std::string_view b, size_t start = 0) {
     return a < b;
 }
 
-// An entry while sorting, with its first eight bytes in lower case as one number, so that
-// most comparisons need not look at the names. Only names whose first bytes are ASCII have
-// such a key.
+// An entry while sorting, with its first characters in case-folded form as numbers, so that
+// most comparisons need not look at the names: the first eight bytes of names that start with
+// eight ASCII characters, and the first four UTF-16 units of all names but those with a
+// surrogate among them.
 struct SortItem {
     std::uint64_t key = 0;
+    std::uint64_t wideKey = 0;
     std::uint32_t offset = 0;
     std::uint16_t size = 0;
     bool isFolder = false;
     bool hasKey = true;
+    bool hasWideKey = true;
 };
 
 constexpr size_t KeyBytes = sizeof(SortItem::key);
+constexpr qsizetype WideKeyUnits = sizeof(SortItem::wideKey) / sizeof(char16_t);
 
-void setKey(SortItem& item, std::string_view name) {
-    for (size_t i = 0; i < KeyBytes; ++i) {
+void setKeys(SortItem& item, std::string_view name) {
+    for (size_t i = 0; i < KeyBytes && item.hasKey; ++i) {
         auto c = i < name.size() ? static_cast<unsigned char>(name[i]) : 0;
-        if (c >= 0x80) {
-            item.hasKey = false;
-            return;
-        }
         if (c >= 'A' && c <= 'Z')
             c += 'a' - 'A';
+        item.hasKey = c < 0x80;
         item.key = item.key << 8 | c;
+        if (i < WideKeyUnits)
+            item.wideKey = item.wideKey << 16 | c;
+    }
+    if (item.hasKey)
+        return;
+    item.wideKey = 0;
+    const DecodedName decoded(name);
+    const QStringView text = decoded.view();
+    for (qsizetype i = 0; i < WideKeyUnits; ++i) {
+        const QChar c = i < text.size() ? text[i].toCaseFolded() : QChar();
+        if (c.isSurrogate()) {
+            item.hasWideKey = false;
+            return;
+        }
+        item.wideKey = item.wideKey << 16 | c.unicode();
     }
 }
 
@@ -118,7 +134,7 @@ bool FolderListing::read(const QString& folder) {
                 struct stat status;
                 item.isFolder = fstatat(fd, name, &status, 0) == 0 && S_ISDIR(status.st_mode);
             }
-            setKey(item, {name, size});
+            setKeys(item, {name, size});
             m_names.append(name, size);
             sorted.push_back(item);
         }
@@ -130,11 +146,15 @@ bool FolderListing::read(const QString& folder) {
     std::sort(sorted.begin(), sorted.end(), [&name](const SortItem& a, const SortItem& b) {
         if (a.isFolder != b.isFolder)
             return a.isFolder;
-        if (!a.hasKey || !b.hasKey)
-            return lessByName(name(a), name(b));
-        if (a.key != b.key)
-            return a.key < b.key;
-        return lessByName(name(a), name(b), std::min({KeyBytes, size_t{a.size}, size_t{b.size}}));
+        if (a.hasKey && b.hasKey) {
+            if (a.key != b.key)
+                return a.key < b.key;
+            return lessByName(name(a), name(b),
+                              std::min({KeyBytes, size_t{a.size}, size_t{b.size}}));
+        }
+        if (a.hasWideKey && b.hasWideKey && a.wideKey != b.wideKey)
+            return a.wideKey < b.wideKey;
+        return lessByName(name(a), name(b));
     });
     m_items.reserve(sorted.size());
     for (const SortItem& item : sorted)

@@ -66,26 +66,13 @@ TEST(FolderListing, AFolderThatCannotBeReadListsNothing) {
 }
 
 TEST(FolderListing, NamesOutsideAsciiSortAsTheirText) {
-    const QStringList written = {u"\u00e9cole"_s,
-                                 u"Ecole"_s,
-                                 u"ecole2"_s,
-                                 u"zebra"_s,
-                                 u"\u00c4rger"_s,
-                                 u"apple"_s,
-                                 u"APPLE"_s,
-                                 u"\u00c9mile"_s,
-                                 u"\u00df"_s,
-                                 u"ss"_s,
-                                 u"_x"_s,
-                                 u"Z"_s,
-                                 u"\u0444\u0430\u0439\u043b"_s,
-                                 u"\u0424\u0430\u0439\u043b2"_s,
-                                 u"a\u212a"_s,
-                                 u"ak"_s,
-                                 u"aL"_s,
-                                 u"file00012345.jpg"_s,
-                                 u"FILE00012345.JPG"_s,
-                                 u"file0001234.jpg"_s};
+    // Mixed case, accents, Cyrillic, Greek, the Kelvin sign, a character outside the BMP, and
+    // ASCII names alike in their first eight characters.
+    const QStringList written =
+        u"\u00e9cole/Ecole/ecole2/zebra/\u00c4rger/apple/APPLE/\u00c9mile/\u00df/ss/_x/Z/"
+        u"\u0444\u0430\u0439\u043b/\u0424\u0430\u0439\u043b2/a\u212a/ak/aL/file00012345.jpg/"
+        u"FILE00012345.JPG/file0001234.jpg/\u03a9mega/\u03c9MEGA/\u03c9mega2/\U0001f600smile/"
+        u"\U0001f600/\u00e9\u00e9\u00e9\u00e9x/\u00c9\u00c9\u00c9\u00c9X"_s.split(u'/');
     TempFolder dir;
     for (const QString& name : written)
         dir.write(name, "x");
