@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <algorithm>
 
@@ -100,10 +101,11 @@ bool Compiled::matchesUtf8(std::string_view fileName) const {
     }
     if (m_wildcards.empty())
         return false;
-    std::string folded(fileName);
-    std::transform(folded.begin(), folded.end(), folded.begin(), lowerAscii);
+    QVarLengthArray<char, 256> folded(static_cast<qsizetype>(fileName.size()));
+    std::transform(fileName.begin(), fileName.end(), folded.begin(), lowerAscii);
+    const std::string_view foldedName(folded.data(), fileName.size());
     for (const std::string& pattern : m_wildcards) {
-        if (matchPattern(std::string_view(pattern), std::string_view(folded)))
+        if (matchPattern(std::string_view(pattern), foldedName))
             return true;
     }
     return false;
