@@ -140,6 +140,7 @@ bool FolderListing::read(const QString& folder) {
         }
         closedir(dir);
     }
+    m_names.shrink_to_fit();
     const auto name = [this](const SortItem& item) {
         return std::string_view(m_names.data() + item.offset, item.size);
     };
