@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Lists one folder of 100,000 files with a picture filter, side by side: the program's file
-# list against ls piped to grep, the way a user would list the pictures of a folder by hand.
+# Lists one folder of 100,000 files with the picture filter of the file list, side by side: the
+# program reading and filtering it against ls piped to grep with the same mask as a regular
+# expression, the way a user would list the pictures of a folder by hand. Then the file list
+# showing the folder, a change of filter on it, and the peak memory of the benchmark.
 set -euo pipefail
 top="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 build="$top/build/bench"
 cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DQUORVANE_BUILD_TESTS=OFF \
     -DQUORVANE_BUILD_BENCH=ON >/dev/null
 cmake --build "$build" --target bench_folder_listing >/dev/null
+bench="$build/bench/bench_folder_listing"
 
 dir=$(mktemp -d)
 trap 'rm -rf "$dir"' EXIT
@@ -15,15 +18,42 @@ trap 'rm -rf "$dir"' EXIT
     printf '%s\0' "file$i.$e"
 done | xargs -0 touch)
 
-# The same extensions as the picture filter of the file list (row 27).
-start=$(date +%s%N)
-for _ in 1 2 3 4 5 6 7 8 9 10; do
-    ls -f "$dir" | grep -ciE '\.(jpg|cmp|tiff|tif|mpt|bmp|ico|cur|pcx|dcx|pcd|fpx|dic|wmf|emf|dxf|xpm|iff|pbm|cut|psd|png|tga|eps|jbg|ras|wpg|pct|mac|img|msp)$' >/dev/null
+# "*.JPG;*.CMP;A?C.*" becomes (\.JPG$|\.CMP$|^A.C\..*$) for grep -i: a pattern starting with
+# "*" is left unanchored at the front, which is the quicker expression for grep.
+mask=$("$bench" --mask)
+alternatives=()
+IFS=';' read -ra patterns <<<"$mask"
+for pattern in "${patterns[@]}"; do
+    pattern=$(sed -e 's/^ *//; s/ *$//' <<<"$pattern")
+    [[ -n $pattern ]] || continue
+    anchor='^'
+    if [[ $pattern == \** ]]; then
+        anchor=''
+        pattern=${pattern#\*}
+    fi
+    alternatives+=("$anchor$(sed -e 's/[].[^$()+{}|\\]/\\&/g' -e 's/\*/.*/g; s/?/./g' <<<"$pattern")\$")
 done
-ls_us=$(( ($(date +%s%N) - start) / 10000 ))
-report=$("$build/bench/bench_folder_listing" "$dir" --benchmark_format=csv 2>/dev/null)
-echo "$report"
-read_us=$(echo "$report" | awk -F, '/^"ReadAndFilter"/ { printf "%d", $3 * 1000 }')
-printf 'ls -f | grep -ciE: %d.%03d ms; read and filter: %d.%03d ms; ratio %s\n' \
-    $((ls_us / 1000)) $((ls_us % 1000)) $((read_us / 1000)) $((read_us % 1000)) \
-    "$(awk -v a="$read_us" -v b="$ls_us" 'BEGIN { printf "%.2f", a / b }')"
+regex="($(IFS='|' && echo "${alternatives[*]}"))"
+
+runs=10
+start=$(date +%s%N)
+for _ in $(seq $runs); do ls -f "$dir" | grep -ciE "$regex" >/dev/null; done
+ls_us=$((($(date +%s%N) - start) / 1000 / runs))
+
+out=$("$bench" "$dir" --benchmark_format=console 2>/dev/null)
+echo "$out"
+figure() { awk -v name="$1" 'index($1, name) == 1 { print $2; exit }' <<<"$out"; }
+read_ms=$(figure ReadAndFilter/)
+echo
+echo "mask: $mask"
+echo "grep: $regex"
+awk -v ls="$ls_us" -v read="$read_ms" -v show="$(figure ShowInFileList/0/)" \
+    -v details="$(figure ShowInFileList/3/)" -v change="$(figure ChangeFilterInFileList/)" \
+    'BEGIN {
+        printf "read and filter:        %7.1f ms\n", read
+        printf "ls -f | grep -ciE:      %7.1f ms\n", ls / 1000
+        printf "ratio:                  %7.2f\n", read / (ls / 1000)
+        printf "file list showing it:   %7.1f ms (large icons), %.1f ms (details)\n", show, details
+        printf "change of filter:       %7.1f ms\n", change
+    }'
+grep '^peak memory' <<<"$out"

@@ -2,31 +2,23 @@
 
 #include <QList>
 #include <QStringView>
+#include <QVarLengthArray>
 
-using namespace Qt::StringLiterals;
+#include <algorithm>
 
 namespace {
 
-// Extensions up to this length are looked up in a set; longer ones are matched as patterns.
-constexpr qsizetype MaxExtension = 7;
-
-// A letter of a name as the patterns hold it: case-folded, quickly for the plain letters.
-inline char16_t folded(char16_t c) {
-    if (c < 0x80)
-        return (c >= u'A' && c <= u'Z') ? char16_t(c + 32) : c;
-    return QChar(c).toCaseFolded().unicode();
-}
-
-// Iterative wildcard match with one back-track point for the last "*"; the pattern is
-// case-folded already, the name is folded letter by letter.
-bool matchPattern(QStringView pattern, QStringView name) {
+// Iterative wildcard match with one back-track point for the last "*"; both sides are
+// case-folded already. Works on UTF-16 text and on bytes alike.
+template <class Text> bool matchPattern(Text pattern, Text name) {
     qsizetype p = 0, n = 0, starP = -1, starN = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == u'*') {
+    const auto patternSize = static_cast<qsizetype>(pattern.size());
+    const auto nameSize = static_cast<qsizetype>(name.size());
+    while (n < nameSize) {
+        if (p < patternSize && pattern[p] == u'*') {
             starP = p++;
             starN = n;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == u'?' || pattern[p].unicode() == folded(name[n].unicode()))) {
+        } else if (p < patternSize && (pattern[p] == u'?' || pattern[p] == name[n])) {
             ++p;
             ++n;
         } else if (starP >= 0) {
@@ -36,23 +28,27 @@ bool matchPattern(QStringView pattern, QStringView name) {
             return false;
         }
     }
-    while (p < pattern.size() && pattern[p] == u'*')
+    while (p < patternSize && pattern[p] == u'*')
         ++p;
-    return p == pattern.size();
+    return p == patternSize;
 }
 
-// "*" followed by letters without wild cards: a match is a name that ends with them.
-bool isSuffixPattern(QStringView pattern) {
-    return pattern.size() > 1 && pattern[0] == u'*' && !pattern.mid(1).contains(u'*') &&
-           !pattern.mid(1).contains(u'?');
+constexpr char lowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool endsWith(QStringView name, QStringView suffix) {
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// Whether the name ends with the suffix, which is lower case already.
+bool endsWithFolded(std::string_view name, std::string_view suffix) {
     if (name.size() < suffix.size())
         return false;
-    const qsizetype start = name.size() - suffix.size();
-    for (qsizetype i = 0; i < suffix.size(); ++i) {
-        if (folded(name[start + i].unicode()) != suffix[i].unicode())
+    const char* tail = name.data() + (name.size() - suffix.size());
+    for (size_t i = 0; i < suffix.size(); ++i) {
+        if (lowerAscii(tail[i]) != suffix[i])
             return false;
     }
     return true;
@@ -71,31 +67,45 @@ Compiled::Compiled(const QString& mask) {
         if (part == u"*.*" || part == u"*")
             m_everything = true;
         const QString folded = part.toString().toCaseFolded();
-        const QStringView extension = QStringView(folded).mid(2);
-        if (folded.startsWith(u"*."_s) && isSuffixPattern(folded) && !extension.contains(u'.') &&
-            extension.size() <= MaxExtension)
-            m_extensions.insert(extension.toString().toStdU16String());
+        m_patterns.append(folded);
+        std::string utf8 = folded.toStdString();
+        if (utf8.size() > 1 && utf8.front() == '*' &&
+            utf8.find_first_of("*?", 1) == std::string::npos)
+            m_suffixes.push_back(utf8.substr(1));
         else
-            m_patterns.append({folded, isSuffixPattern(folded)});
+            m_wildcards.push_back(std::move(utf8));
     }
 }
 
 bool Compiled::matches(const QString& fileName) const {
     if (m_everything)
         return true;
-    if (!m_extensions.empty()) {
-        const qsizetype dot = fileName.lastIndexOf(u'.');
-        if (dot >= 0 && fileName.size() - dot - 1 <= MaxExtension) {
-            std::u16string extension;
-            for (qsizetype i = dot + 1; i < fileName.size(); ++i)
-                extension.push_back(folded(fileName[i].unicode()));
-            if (m_extensions.count(extension))
-                return true;
-        }
+    const QString folded = fileName.toCaseFolded();
+    for (const QString& pattern : m_patterns) {
+        if (matchPattern(QStringView(pattern), QStringView(folded)))
+            return true;
     }
-    for (const Pattern& pattern : m_patterns) {
-        if (pattern.suffix ? endsWith(fileName, QStringView(pattern.text).mid(1))
-                           : matchPattern(pattern.text, fileName))
+    return false;
+}
+
+bool Compiled::matchesUtf8(std::string_view fileName) const {
+    if (m_everything)
+        return true;
+    // Outside ASCII, case folding can turn one character into another of a different length
+    // and "?" stands for a UTF-16 unit, so those names take the general way.
+    if (!isAscii(fileName))
+        return matches(QString::fromUtf8(fileName.data(), static_cast<qsizetype>(fileName.size())));
+    for (const std::string& suffix : m_suffixes) {
+        if (endsWithFolded(fileName, suffix))
+            return true;
+    }
+    if (m_wildcards.empty())
+        return false;
+    QVarLengthArray<char, 256> folded(static_cast<qsizetype>(fileName.size()));
+    std::transform(fileName.begin(), fileName.end(), folded.begin(), lowerAscii);
+    const std::string_view foldedName(folded.data(), fileName.size());
+    for (const std::string& pattern : m_wildcards) {
+        if (matchPattern(std::string_view(pattern), foldedName))
             return true;
     }
     return false;

@@ -53,14 +53,13 @@ const FileListModel::Details& FileListModel::details(int row) const {
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= m_listing.count())
         return {};
-    const FolderListing::Entry& entry = m_listing.entry(index.row());
+    const bool folder = m_listing.isFolder(index.row());
     if (role == Qt::DecorationRole && index.column() == Name) {
-        // Two icons serve every row; the style makes each once.
-        if (m_folderIcon.isNull()) {
-            m_folderIcon = QApplication::style()->standardIcon(QStyle::SP_DirIcon);
-            m_fileIcon = QApplication::style()->standardIcon(QStyle::SP_FileIcon);
-        }
-        return entry.isFolder ? m_folderIcon : m_fileIcon;
+        QIcon& icon = folder ? m_folderIcon : m_fileIcon;
+        if (icon.isNull())
+            icon = QApplication::style()->standardIcon(folder ? QStyle::SP_DirIcon
+                                                              : QStyle::SP_FileIcon);
+        return icon;
     }
     if (role == Qt::TextAlignmentRole && index.column() == Size)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
@@ -68,15 +67,15 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (index.column()) {
     case Name:
-        return role == Qt::ToolTipRole ? m_listing.path(index.row()) : entry.name;
+        return role == Qt::ToolTipRole ? m_listing.path(index.row()) : m_listing.name(index.row());
     case Size: {
         const qint64 size = details(index.row()).size;
         return size < 0 ? QVariant() : QVariant(QLocale().formattedDataSize(size));
     }
     case Type:
-        if (entry.isFolder)
+        if (folder)
             return tr("Folder");
-        return FileTypes::GetFileKindName(entry.name);
+        return FileTypes::GetFileKindName(m_listing.name(index.row()));
     case Modified: {
         const QDateTime& modified = details(index.row()).modified;
         return modified.isValid() ? QVariant(QLocale().toString(modified, QLocale::ShortFormat))

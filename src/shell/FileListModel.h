@@ -21,7 +21,7 @@ public:
     void reload();
     const FolderListing& listing() const { return m_listing; }
     QString path(int row) const { return m_listing.path(row); }
-    bool isFolder(int row) const { return m_listing.entry(row).isFolder; }
+    bool isFolder(int row) const { return m_listing.isFolder(row); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -38,6 +38,7 @@ private:
 
     FolderListing m_listing;
     mutable QHash<int, Details> m_details;
+    // The style's two icons, taken once rather than for every row painted.
     mutable QIcon m_folderIcon;
     mutable QIcon m_fileIcon;
 };

@@ -54,6 +54,36 @@ TEST(FileMask, MatchesCaseInsensitivelyAcrossTheParts) {
     EXPECT_FALSE(FileMask::matches(u";;"_s, u"a.jpg"_s));
 }
 
+TEST(FileMask, MatchesUtf8NamesLikeTheirText) {
+    struct Case {
+        QString mask, name;
+        bool matches;
+    };
+    const Case cases[] = {
+        {u"*.JPG;*.TIFF"_s, u"photo.Jpg"_s, true},
+        {u"*.JPG;*.TIFF"_s, u"scan.tiff"_s, true},
+        {u"*.JPG"_s, u"jpg"_s, false},
+        {u"*.JPG"_s, u".jpg"_s, true},
+        {u"*.JPG"_s, u"photo.jpg.txt"_s, false},
+        {u"*LOG"_s, u"CATALOG"_s, true},
+        {u"*LOG"_s, u"logbook"_s, false},
+        {u"a?c.*"_s, u"ABC.txt"_s, true},
+        {u"a?c.*"_s, u"abbc.txt"_s, false},
+        {u"*.TXT"_s, u"R\u00c9SUM\u00c9.txt"_s, true},
+        {u"\u00e9*"_s, u"\u00c9mile"_s, true},
+        {u"*.k"_s, u"x.\u212a"_s, true}, // the Kelvin sign folds to k
+        {u"?.txt"_s, u"\u00e9.txt"_s, true},
+        {u"*.*"_s, u"README"_s, true},
+        {u";;"_s, u"a.jpg"_s, false},
+    };
+    for (const Case& c : cases) {
+        const FileMask::Compiled mask(c.mask);
+        EXPECT_EQ(mask.matches(c.name), c.matches) << c.mask.toStdString() << c.name.toStdString();
+        EXPECT_EQ(mask.matchesUtf8(c.name.toStdString()), c.matches)
+            << c.mask.toStdString() << " " << c.name.toStdString();
+    }
+}
+
 TEST(Twips, KeepsARememberedValueWhoseRoundingGaveThePixels) {
     EXPECT_EQ(Twips::toPixels(8800), 587);
     EXPECT_EQ(Twips::measure(587, 8800), 8800);

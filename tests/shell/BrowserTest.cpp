@@ -69,7 +69,8 @@ private:
         const QModelIndex index =
             list->model()->index(list->model()->listing().indexOfName(name), 0);
         // The view lays its entries out in batches after it is shown.
-        QTest::qWaitFor([&] { return list->currentView()->visualRect(index).isValid(); });
+        if (!QTest::qWaitFor([&] { return list->currentView()->visualRect(index).isValid(); }))
+            qWarning("the entry %s was not laid out", qPrintable(name));
         return list->currentView()->visualRect(index).center();
     }
 

@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -60,22 +65,51 @@ TEST(FolderListing, AFolderThatCannotBeReadListsNothing) {
     EXPECT_EQ(listing.indexOfName(u"x"_s), -1);
 }
 
-TEST(FolderListing, LettersBeyondAsciiAndLinkedFoldersSortAsTheyShow) {
+TEST(FolderListing, NamesOutsideAsciiSortAsTheirText) {
+    // Mixed case, accents, Cyrillic, Greek, the Kelvin sign, a character outside the BMP, and
+    // ASCII names alike in their first eight characters.
+    const QStringList written =
+        u"\u00e9cole/Ecole/ecole2/zebra/\u00c4rger/apple/APPLE/\u00c9mile/\u00df/ss/_x/Z/"
+        u"\u0444\u0430\u0439\u043b/\u0424\u0430\u0439\u043b2/a\u212a/ak/aL/file00012345.jpg/"
+        u"FILE00012345.JPG/file0001234.jpg/\u03a9mega/\u03c9MEGA/\u03c9mega2/\U0001f600smile/"
+        u"\U0001f600/\u00e9\u00e9\u00e9\u00e9x/\u00c9\u00c9\u00c9\u00c9X"_s.split(u'/');
     TempFolder dir;
-    for (const QString& name :
-         {u"zebra.txt"_s, u"\u00C4rger.txt"_s, u"apfel.txt"_s, u"b"_s, u"B"_s, u"\u00C9mile.jpg"_s,
-          u"\u00E9clair.JPG"_s, u"file000010.jpg"_s, u"file000009.jpg"_s, u"FILE000009.jpg"_s})
+    for (const QString& name : written)
         dir.write(name, "x");
-    QDir(dir.path()).mkdir(u"real"_s);
-    QFile::link(dir.file(u"real"_s), dir.file(u"linked"_s));
+    QStringList expected = written;
+    std::sort(expected.begin(), expected.end(), [](const QString& a, const QString& b) {
+        const int byName = a.compare(b, Qt::CaseInsensitive);
+        return byName != 0 ? byName < 0 : a < b;
+    });
     FolderListing listing;
     ASSERT_TRUE(listing.read(dir.path()));
-    EXPECT_EQ(names(listing), (QStringList{u"linked"_s, u"real"_s, u"apfel.txt"_s, u"B"_s, u"b"_s,
-                                           u"FILE000009.jpg"_s, u"file000009.jpg"_s,
-                                           u"file000010.jpg"_s, u"zebra.txt"_s, u"\u00C4rger.txt"_s,
-                                           u"\u00E9clair.JPG"_s, u"\u00C9mile.jpg"_s}));
-    listing.setMask(u"*.JPG;*LAIR.jpg"_s);
+    EXPECT_EQ(names(listing), expected);
+}
+
+TEST(FolderListing, LinksCountAsWhatTheyPointTo) {
+    TempFolder dir;
+    QDir(dir.path()).mkdir(u"real"_s);
+    dir.write(u"plain.txt"_s, "x");
+    QFile::link(dir.file(u"real"_s), dir.file(u"linked"_s));
+    QFile::link(dir.file(u"plain.txt"_s), dir.file(u"shortcut.txt"_s));
+    QFile::link(dir.file(u"missing"_s), dir.file(u"broken"_s));
+    FolderListing listing;
+    listing.setMask(u"*.TXT"_s);
+    listing.read(dir.path());
     EXPECT_EQ(names(listing),
-              (QStringList{u"linked"_s, u"real"_s, u"FILE000009.jpg"_s, u"file000009.jpg"_s,
-                           u"file000010.jpg"_s, u"\u00E9clair.JPG"_s, u"\u00C9mile.jpg"_s}));
+              (QStringList{u"linked"_s, u"real"_s, u"plain.txt"_s, u"shortcut.txt"_s}));
+    EXPECT_TRUE(listing.isFolder(0));
+    EXPECT_FALSE(listing.isFolder(3));
+}
+
+TEST(FolderListing, FindsANameThatIsNotUtf8) {
+    TempFolder dir;
+    const QByteArray bytes = QFile::encodeName(dir.path()) + "/bad\xff.txt";
+    ::close(::open(bytes.constData(), O_CREAT | O_WRONLY, 0644));
+    dir.write(u"good.txt"_s, "x");
+    FolderListing listing;
+    listing.read(dir.path());
+    ASSERT_EQ(listing.count(), 2);
+    EXPECT_EQ(listing.indexOfName(listing.name(0)), 0);
+    EXPECT_EQ(listing.indexOfName(u"good.txt"_s), 1);
 }
