@@ -103,11 +103,6 @@ private Q_SLOTS:
         QCOMPARE(child->mFieldType[5], qint16(12));
         QCOMPARE(child->mFieldType[0], qint16(10));
 
-        // NAME C(20) and SOLD D(8) are as wide as their values, PAID L(1) as its name.
-        QCOMPARE(child->MSFlexGrid1->columnWidth(0), Twips::toPixels(2400));
-        QCOMPARE(child->MSFlexGrid1->columnWidth(3), Twips::toPixels(960));
-        QCOMPARE(child->MSFlexGrid1->columnWidth(4), Twips::toPixels(400));
-
         // One table a file, no index: no lists to choose from, neither Table (12) nor Index (13).
         QCOMPARE(menusEnabled(child), (QList<bool>{false, false, true}));
         QCOMPARE(h->enabledButtons(), (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 10, 19, 20}));
@@ -237,17 +232,6 @@ private Q_SLOTS:
         QCOMPARE(grid->textStyle(), FlexGrid::TextFlat);
         QCOMPARE(grid->gridLines(), FlexGrid::LinesRaised);
         QCOMPARE(grid->gridColor(), QColor(0, 0, 128));
-    }
-
-    void aResizedWindowStretchesTheControlAndTheGrid() {
-        place(generated(u"SALES.DBF"_s), {u"SALES.DBT"_s});
-        ChildFrm1* child = open(u"SALES.DBF"_s);
-        QVERIFY(child);
-        child->resize(Twips::toPixels(7500), Twips::toPixels(4500));
-        QCOMPARE(child->Data1->width(), Twips::toPixels(7500 - 90));
-        QCOMPARE(child->MSFlexGrid1->width(), Twips::toPixels(7500 - 90));
-        QCOMPARE(child->MSFlexGrid1->height(), Twips::toPixels(4500 - 740));
-        QCOMPARE(child->MSFlexGrid1->y(), Twips::toPixels(310));
     }
 
     void anAccessFileListsItsTablesAndIndexes() {

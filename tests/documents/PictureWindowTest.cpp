@@ -99,18 +99,6 @@ private Q_SLOTS:
         QCOMPARE(h->messages().shown().first().kind, u"askYesNo"_s);
     }
 
-    void commandsChangeThePixelsAsTheirNamesSay() {
-        ChildFrm1* child = open(u"photo.png"_s);
-        QVERIFY(child);
-        menu(child, "mnuImageReverse")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(0, 0, 255));
-        QVERIFY(child->mDirty);
-        menu(child, "mnuImageInvert")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(255, 255, 0));
-        menu(child, "mnuImageFlip")->trigger();
-        QCOMPARE(pixel(child, 0, 29), qRgb(255, 255, 0));
-    }
-
     void resizeKeepsTheAspectAndCancelLeavesThePictureAlone() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);

@@ -194,18 +194,6 @@ private Q_SLOTS:
         QCOMPARE(folders->currentRow(), 2);
     }
 
-    void narrowingHidesTheClockAndTheTopButtons() {
-        Quorvane1* w = h->window();
-        w->resize(Twips::toPixels(5700), w->height());
-        QVERIFY(!control<QFrame>("Frame4(0)")->isVisibleTo(w));
-        QVERIFY(!control<QToolButton>("LargeIconsBtn")->isVisibleTo(w));
-        QVERIFY(control<QToolButton>("SmallIconsBtn")->isVisibleTo(w));
-        w->resize(Twips::toPixels(8000), w->height());
-        QVERIFY(control<QFrame>("Frame4(0)")->isVisibleTo(w));
-        QVERIFY(control<QToolButton>("UpFldrBtn")->isVisibleTo(w));
-        QCOMPARE(globals().gMainWidth, 7995.0); // 533 pixels
-    }
-
     void clipsGoToThePlayerRoad() {
         auto* player = new StandIn;
         WindowRegistry::setFactory(u"AudioVideo1"_s, [player] { return player; });

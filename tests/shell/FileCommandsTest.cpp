@@ -94,20 +94,6 @@ private Q_SLOTS:
         QCOMPARE(h->folder().read(u"renamed.txt"_s), QByteArray("notes.txt"));
     }
 
-    void renamingATableRenamesItsFamily() {
-        select(u"SALES.DBF"_s);
-        answerModal<Rename1>([](Rename1* dialog) {
-            QCOMPARE(dialog->newNameBox()->text(), u"SALES"_s);
-            dialog->newNameBox()->setText(u"TRADE"_s);
-            dialog->findChild<QPushButton*>(u"OKBtn"_s)->click();
-        });
-        action("mnuFileRename")->trigger();
-        const QStringList files = filesIn(h->folder().path());
-        for (const QString& name : {u"TRADE.DBF"_s, u"TRADE.DBT"_s, u"TRADE.MDX"_s})
-            QVERIFY2(files.contains(name), qPrintable(name));
-        QVERIFY(!files.contains(u"SALES.DBF"_s));
-    }
-
     void movingAFamilyWhereOneNameIsTakenMovesNone() {
         QDir(h->folder().path()).mkdir(u"archive"_s);
         h->folder().write(u"archive/SALES.DBT"_s, "someone else's");

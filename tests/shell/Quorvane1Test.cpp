@@ -164,20 +164,6 @@ private Q_SLOTS:
         QCOMPARE(again->mComputerName, u"OFFICE-PC"_s);
     }
 
-    void aLeftOf9000OpensAndSavesAt8800() {
-        writeOptions([](OptionSettings& o) {
-            o.gMainLeft = 9000;
-            o.gMainTop = 7000;
-        });
-        auto window = start();
-        QCOMPARE((*m_messages)->texts(), QStringList{kColorsMissing});
-        QCOMPARE(globals().gMainLeft, 8800.0);
-        QCOMPARE(window->pos(), QPoint(587, 440));
-        window->close();
-        QCOMPARE(optionLines().value(0), u"8800"_s);
-        QCOMPARE(optionLines().value(1), u"6600"_s);
-    }
-
     void aNegativeLeftAndFractionsSurviveAStartAndAnExit() {
         writeOptions([](OptionSettings& o) {
             o.gMainLeft = -600;
