@@ -118,7 +118,7 @@ private Q_SLOTS:
         QVERIFY(menu(child, "mnuViewNormal")->isChecked());
     }
 
-    void brightnessContrastAndRotateApplyTheirDialogsValues() {
+    void brightnessAndRotateApplyTheirDialogsValues() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
         auto answer = [](std::function<void(PictureDialog*)> act) {
@@ -140,13 +140,6 @@ private Q_SLOTS:
         menu(child, "mnuImageBrightness")->trigger();
         QCOMPARE(pixel(child, 0, 0), qRgb(255, 51, 51));
         QVERIFY(child->mDirty);
-
-        answer([](PictureDialog* d) {
-            d->setValue(-1000);
-            d->accept();
-        });
-        menu(child, "mnuImageContrast")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(128, 128, 128));
 
         menu(child, "mnuViewStretch")->trigger();
         answer([](PictureDialog* d) {
