@@ -123,9 +123,7 @@ TEST(ImageCodec, FourColourJpegsOpenWithTheirPatchesColours) {
         const QString path = generatedPictures() + u'/' + QString::fromLatin1(name);
         const ImageCodec::Picture picture = ImageCodec::decode(path);
         ASSERT_FALSE(picture.error) << picture.error.number();
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const ImageReaders::Result magick = ImageReaders::readWithMagick(file.readAll(), "JPEG");
+        const ImageReaders::Result magick = ImageReaders::readWithMagick(bytesOf(path), "JPEG");
         ASSERT_FALSE(magick.error);
         for (const QImage& image : {picture.image, magick.image}) {
             ASSERT_EQ(image.size(), QSize(64, 48));
@@ -273,9 +271,8 @@ TEST(ImageCodec, DamagedFilesFailWithTheCodecsNumbers) {
         sources += sharedPictureFiles(copies);
     int damaged = 0;
     for (const QString& path : sources) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray bytes = file.readAll();
+        const QByteArray bytes = bytesOf(path);
+        ASSERT_FALSE(bytes.isEmpty()) << path.toStdString();
         const QString suffix = QFileInfo(path).suffix();
         QList<QByteArray> variants = {QByteArray(), bytes.left(16), bytes.left(bytes.size() / 2),
                                       bytes.left(bytes.size() - 1)};

@@ -25,11 +25,6 @@ QString sharedFixtures() {
     return QStringLiteral(QUORVANE_SHARED_FIXTURES);
 }
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 TableReader::Opened openDbase(const QString& path) {
     return TableReader::open(u"dBASE 5.0;"_s, path, QString());
 }
