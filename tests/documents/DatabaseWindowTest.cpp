@@ -100,8 +100,6 @@ private Q_SLOTS:
         QCOMPARE(grid->headerData(0, Qt::Horizontal).toString(), u"NAME"_s);
         QCOMPARE(grid->index(0, 0).data().toString(), u"Widget"_s);
         QCOMPARE(grid->index(2, 1).data().toString(), u"250"_s);
-        QCOMPARE(child->mFieldType[5], qint16(12));
-        QCOMPARE(child->mFieldType[0], qint16(10));
 
         // One table a file, no index: no lists to choose from, neither Table (12) nor Index (13).
         QCOMPARE(menusEnabled(child), (QList<bool>{false, false, true}));
