@@ -78,13 +78,6 @@ TEST(TableRecordset, TheAccessPasswordIsReadFromTheConnectString) {
     EXPECT_EQ(TableRecordset::passwordOf(u"Access;PWD=a b;x=1"_s), u"a b"_s);
     EXPECT_EQ(TableRecordset::passwordOf(u"Access"_s), QString());
     EXPECT_EQ(TableRecordset::passwordOf(u";pwd="_s), QString());
-
-    const QString locked = sharedFile(u"mdb/V2003_with-password.mdb"_s);
-    if (!QFileInfo::exists(locked))
-        GTEST_SKIP() << "the shared Access samples are absent: " << locked.toStdString();
-    // The password alone, as the data control is given it, selects Access.
-    EXPECT_EQ(TableRecordset::open(u";pwd=Password"_s, locked, u"Table1"_s).error.number(), 3031);
-    EXPECT_FALSE(TableRecordset::open(u";pwd=password"_s, locked, u"Table1"_s).error);
 }
 
 TEST(TableRecordset, AnAccessTableIsChosenByNameWhateverItsLetterCase) {
