@@ -225,30 +225,28 @@ private Q_SLOTS:
         QCOMPARE(entered.last().at(0).toInt(), rows);
         QCOMPARE(entered.last().at(1).toInt(), 0);
 
-        key(Qt::Key_PageDown);
-        QCOMPARE(m_grid->Row(), 2 * rows + 1);
-        QVERIFY(m_grid->RowIsVisible(2 * rows + 1));
-        verifyScreenFrom(rows + 1);
-        verifyCurrentCell();
-
-        key(Qt::Key_End, Qt::ControlModifier);
-        QCOMPARE(m_grid->Row(), ManyRecords);
-        QCOMPARE(m_grid->Col(), 1);
-        QVERIFY(m_grid->RowIsVisible(ManyRecords));
-        verifyScreenFrom(ManyRecords - rows);
-        verifyCurrentCell();
-        key(Qt::Key_Down); // no further
-        QCOMPARE(m_grid->Row(), ManyRecords);
-        key(Qt::Key_Home);
-        QCOMPARE(m_grid->Col(), 0);
-        QCOMPARE(m_grid->Text(), keyOf(ManyRecords - 1));
-        key(Qt::Key_PageUp);
-        QCOMPARE(m_grid->Row(), ManyRecords - rows);
-        verifyScreenFrom(ManyRecords - rows - 1);
-        key(Qt::Key_Up);
-        QCOMPARE(m_grid->Row(), ManyRecords - rows - 1);
-        verifyScreenFrom(ManyRecords - rows - 2);
-        verifyCurrentCell();
+        // Each key: the current record and column after it, and the first record shown.
+        const struct {
+            Qt::Key key;
+            Qt::KeyboardModifiers modifiers;
+            int row, column, firstShown;
+        } steps[] = {
+            {Qt::Key_PageDown, {}, 2 * rows + 1, 0, rows + 1},
+            {Qt::Key_End, Qt::ControlModifier, ManyRecords, 1, ManyRecords - rows},
+            {Qt::Key_Down, {}, ManyRecords, 1, ManyRecords - rows}, // no further
+            {Qt::Key_Home, {}, ManyRecords, 0, ManyRecords - rows},
+            {Qt::Key_PageUp, {}, ManyRecords - rows, 0, ManyRecords - rows - 1},
+            {Qt::Key_Up, {}, ManyRecords - rows - 1, 0, ManyRecords - rows - 2},
+        };
+        for (const auto& s : steps) {
+            key(s.key, s.modifiers);
+            QCOMPARE(m_grid->Row(), s.row);
+            QCOMPARE(m_grid->Col(), s.column);
+            QVERIFY(m_grid->RowIsVisible(s.row));
+            verifyScreenFrom(s.firstShown);
+            verifyCurrentCell();
+        }
+        QCOMPARE(m_grid->Text(), keyOf(ManyRecords - rows - 2));
         QCOMPARE(left.last().at(0).toInt(), ManyRecords - rows - 1);
         QCOMPARE(entered.last().at(0).toInt(), ManyRecords - rows - 2);
 

@@ -162,8 +162,10 @@ private Q_SLOTS:
         // While the failure's box is up, the desktop hands the focus back to the main window.
         h->messages().whileNextBoxShows([&] { h->activateMain(); });
         h->window()->DisplayImage(h->folder().file(u"broken.jpg"_s));
-        QTRY_VERIFY(!h->messages().shown().isEmpty());
+        QTRY_COMPARE(h->messages().texts(),
+                     QStringList{u"Error Occurred - Could not Load Picture or Image"_s});
         QTRY_COMPARE(frame()->mChildCount, qint16(1));
+        QVERIFY(!frame()->mLoadFailed);
         // File > Open File of the main window, answered with a good picture.
         h->activateMain();
         h->messages().answer(h->folder().file(u"y.jpg"_s));

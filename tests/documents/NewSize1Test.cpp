@@ -8,6 +8,22 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct Results {
+    bool ok = false;
+    int width = 0, height = 0;
+    bool resample = false;
+};
+
+Results resultsOf(NewSize1& dialog) {
+    Results r;
+    dialog.GetResults(r.ok, r.width, r.height, r.resample);
+    return r;
+}
+
+} // namespace
+
 class NewSize1Test : public QObject {
     Q_OBJECT
 
@@ -15,12 +31,10 @@ private Q_SLOTS:
     void startsFromThePicturesSizeWithTheAspectKept() {
         NewSize1 dialog(400, 300);
         dialog.InitTheForm(NewSize1::Picture);
-        QCOMPARE(dialog.widthBar()->value(), 400);
-        QCOMPARE(dialog.heightBar()->value(), 300);
-        QCOMPARE(dialog.widthText()->text(), u"400"_s);
-        QCOMPARE(dialog.heightText()->text(), u"300"_s);
-        QCOMPARE(dialog.widthBar()->maximum(), 16384);
-        QCOMPARE(dialog.heightBar()->maximum(), 12288);
+        QCOMPARE(QSize(dialog.widthBar()->value(), dialog.heightBar()->value()), QSize(400, 300));
+        QCOMPARE(dialog.widthText()->text() + u'x' + dialog.heightText()->text(), u"400x300"_s);
+        QCOMPARE(QSize(dialog.widthBar()->maximum(), dialog.heightBar()->maximum()),
+                 QSize(16384, 12288));
         QVERIFY(dialog.findChild<QCheckBox*>(u"CHKASPECT"_s)->isChecked());
         QVERIFY(!dialog.findChild<QCheckBox*>(u"CHKRESAMPLE"_s)->isChecked());
     }
@@ -58,25 +72,16 @@ private Q_SLOTS:
             dialog.InitTheForm(NewSize1::Picture);
             dialog.widthText()->setText(bad);
             QTest::mouseClick(dialog.findChild<QPushButton*>(u"OKBtn"_s), Qt::LeftButton);
-            bool ok = true;
-            int width = 0, height = 0;
-            bool resample = true;
-            dialog.GetResults(ok, width, height, resample);
-            QVERIFY2(!ok, qPrintable(bad));
+            QVERIFY2(!resultsOf(dialog).ok, qPrintable(bad));
             QCOMPARE(dialog.result(), int(QDialog::Rejected));
         }
         NewSize1 dialog(300, 200);
         dialog.InitTheForm(NewSize1::Picture);
         dialog.findChild<QCheckBox*>(u"CHKRESAMPLE"_s)->setChecked(true);
         QTest::mouseClick(dialog.findChild<QPushButton*>(u"OKBtn"_s), Qt::LeftButton);
-        bool ok = false;
-        int width = 0, height = 0;
-        bool resample = false;
-        dialog.GetResults(ok, width, height, resample);
-        QVERIFY(ok);
-        QCOMPARE(width, 300);
-        QCOMPARE(height, 200);
-        QVERIFY(resample);
+        const Results r = resultsOf(dialog);
+        QVERIFY(r.ok && r.resample);
+        QCOMPARE(QSize(r.width, r.height), QSize(300, 200));
     }
 
     void aTallNarrowPictureHoldsTheHeightBarTo32767() {
@@ -96,13 +101,8 @@ private Q_SLOTS:
             auto* control = dialog.findChild<QWidget*>(QString::fromLatin1(name));
             QVERIFY2(control, name);
             QTest::keyClick(control, Qt::Key_Return);
-            bool ok = false;
-            int width = 0;
-            int height = 0;
-            bool resample = false;
-            dialog.GetResults(ok, width, height, resample);
-            QVERIFY2(ok, name);
-            QCOMPARE(width, 300);
+            QVERIFY2(resultsOf(dialog).ok, name);
+            QCOMPARE(resultsOf(dialog).width, 300);
         }
     }
 };

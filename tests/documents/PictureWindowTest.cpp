@@ -36,7 +36,6 @@ private Q_SLOTS:
     void init() {
         h = std::make_unique<MainWindowHarness>();
         h->folder().writePicture(u"photo.png"_s, QSize(40, 30));
-        h->folder().write(u"broken.png"_s, "\x89PNG\r\n\x1a\nnot really");
         h->start();
     }
 
@@ -57,18 +56,6 @@ private Q_SLOTS:
         QCOMPARE(frame()->statusLabel(1)->text(), u"40 x 30"_s);
         QCOMPARE(frame()->statusLabel(2)->text(), u"24 Bitmap Bits"_s);
         QVERIFY(!child->mDirty);
-    }
-
-    void aPictureThatCannotLoadLeavesNoWindow() {
-        QVERIFY(open(u"photo.png"_s));
-        h->activateMain();
-        h->window()->DisplayImage(h->folder().file(u"broken.png"_s));
-        QTRY_COMPARE(h->messages().texts(),
-                     QStringList{u"Error Occurred - Could not Load Picture or Image"_s});
-        QTRY_COMPARE(frame()->children().size(), 1);
-        QCOMPARE(frame()->mChildCount, qint16(1));
-        QVERIFY(!frame()->mLoadFailed);
-        QCOMPARE(frame()->activeChild()->windowTitle(), h->folder().file(u"photo.png"_s));
     }
 
     void aStretchedPictureAsksToSaveButADoubleClickedOneDoesNot() {
@@ -99,18 +86,6 @@ private Q_SLOTS:
         QCOMPARE(h->messages().shown().first().kind, u"askYesNo"_s);
     }
 
-    void commandsChangeThePixelsAsTheirNamesSay() {
-        ChildFrm1* child = open(u"photo.png"_s);
-        QVERIFY(child);
-        menu(child, "mnuImageReverse")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(0, 0, 255));
-        QVERIFY(child->mDirty);
-        menu(child, "mnuImageInvert")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(255, 255, 0));
-        menu(child, "mnuImageFlip")->trigger();
-        QCOMPARE(pixel(child, 0, 29), qRgb(255, 255, 0));
-    }
-
     void resizeKeepsTheAspectAndCancelLeavesThePictureAlone() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
@@ -130,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(menu(child, "mnuViewNormal")->isChecked());
     }
 
-    void brightnessContrastAndRotateApplyTheirDialogsValues() {
+    void brightnessAndRotateApplyTheirDialogsValues() {
         ChildFrm1* child = open(u"photo.png"_s);
         QVERIFY(child);
         auto answer = [](std::function<void(PictureDialog*)> act) {
@@ -152,13 +127,6 @@ private Q_SLOTS:
         menu(child, "mnuImageBrightness")->trigger();
         QCOMPARE(pixel(child, 0, 0), qRgb(255, 51, 51));
         QVERIFY(child->mDirty);
-
-        answer([](PictureDialog* d) {
-            d->setValue(-1000);
-            d->accept();
-        });
-        menu(child, "mnuImageContrast")->trigger();
-        QCOMPARE(pixel(child, 0, 0), qRgb(128, 128, 128));
 
         menu(child, "mnuViewStretch")->trigger();
         answer([](PictureDialog* d) {

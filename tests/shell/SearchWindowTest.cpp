@@ -73,19 +73,6 @@ private Q_SLOTS:
         QVERIFY(h->messages().texts().isEmpty());
     }
 
-    void aMaskTypedInTheFindWindowFindsItsFiles() {
-        QVERIFY(selectTreeRoot() > 0);
-        answerModal<FindFile1>([](FindFile1* find) {
-            find->TabStrip1->setCurrentIndex(4);
-            find->Text1->setText(u"*.ZIP"_s);
-            find->OKBtn->click();
-        });
-        h->window()->findChild<QToolButton*>(u"FindBtn"_s)->click();
-        QCOMPARE(globals().gSearchMask, u"*.ZIP"_s);
-        QCOMPARE(listFolder(), root() + u"/a/a2"_s);
-        QVERIFY(globals().gSearchArmed);
-    }
-
     void cancellingTheFindWindowSearchesNothing() {
         QVERIFY(selectTreeRoot() > 0);
         const QString before = listFolder();

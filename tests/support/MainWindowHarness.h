@@ -71,8 +71,7 @@ public:
     // returns its document window once the frame is active with it; null if none came.
     ChildFrm1* openDocument(const QString& name) {
         const qint16 before = frame() ? frame()->mChildCount : 0;
-        activateMain();
-        m_window->DisplayImage(m_dir->file(name));
+        display(name);
         if (!QTest::qWaitFor([&] { return frame() && frame()->mChildCount == before + 1; }))
             return nullptr;
         // Without a window manager nothing hands the activation back after a dialog.

@@ -2,6 +2,17 @@
 
 #include <utility>
 
+namespace {
+
+// A queued answer, or none for a null one (Cancel).
+template <class T> std::optional<T> optionalOf(const QVariant& reply) {
+    if (reply.isNull())
+        return std::nullopt;
+    return reply.value<T>();
+}
+
+} // namespace
+
 QStringList RecordingMessages::texts() const {
     QStringList result;
     for (const Shown& shown : m_shown)
@@ -40,10 +51,7 @@ bool RecordingMessages::askYesNo(const QString& text, QWidget*) {
 std::optional<QString> RecordingMessages::askText(const QString& title, const QString& label,
                                                   const QString& proposed, QWidget*) {
     m_shown.append({QStringLiteral("askText"), title, label, proposed});
-    const QVariant reply = next();
-    if (reply.isNull())
-        return std::nullopt;
-    return reply.toString();
+    return optionalOf<QString>(next());
 }
 
 QString RecordingMessages::runOpenDialog(FileRequest& request, QWidget*) {
@@ -59,18 +67,12 @@ QString RecordingMessages::runSaveDialog(FileRequest& request, QWidget*) {
 std::optional<QColor> RecordingMessages::chooseColor(const QString& title, const QColor&,
                                                      QWidget*) {
     m_shown.append({QStringLiteral("color"), title, {}, {}});
-    const QVariant reply = next();
-    if (reply.isNull())
-        return std::nullopt;
-    return reply.value<QColor>();
+    return optionalOf<QColor>(next());
 }
 
 std::optional<QFont> RecordingMessages::chooseFont(const QFont&, QWidget*) {
     m_shown.append({QStringLiteral("font"), {}, {}, {}});
-    const QVariant reply = next();
-    if (reply.isNull())
-        return std::nullopt;
-    return reply.value<QFont>();
+    return optionalOf<QFont>(next());
 }
 
 ScopedRecordingMessages::ScopedRecordingMessages() {

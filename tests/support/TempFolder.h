@@ -7,6 +7,12 @@
 #include <QString>
 #include <QTemporaryDir>
 
+// The bytes of a file, none if it cannot be read.
+inline QByteArray bytesOf(const QString& path) {
+    QFile in(path);
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+}
+
 // A fresh folder for one test, with helpers to write and read files in it.
 class TempFolder {
 public:
@@ -19,10 +25,7 @@ public:
             out.write(bytes);
     }
 
-    QByteArray read(const QString& name) const {
-        QFile in(file(name));
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-    }
+    QByteArray read(const QString& name) const { return bytesOf(file(name)); }
 
     bool exists(const QString& name) const { return QFile::exists(file(name)); }
 

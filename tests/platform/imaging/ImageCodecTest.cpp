@@ -315,9 +315,8 @@ TEST(ImageCodec, DamagedFilesFailWithTheCodecsNumbers) {
         sources += sharedPictureFiles(copies);
     int damaged = 0;
     for (const QString& path : sources) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QByteArray bytes = file.readAll();
+        const QByteArray bytes = bytesOf(path);
+        ASSERT_FALSE(bytes.isEmpty()) << path.toStdString();
         const QString suffix = QFileInfo(path).suffix();
         QList<QByteArray> variants = {QByteArray(), bytes.left(16), bytes.left(bytes.size() / 2),
                                       bytes.left(bytes.size() - 1)};

@@ -22,11 +22,6 @@ QString generated(const QString& name) {
     return QDir(QStringLiteral(QUORVANE_GENERATED_TABLES)).filePath(name);
 }
 
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Opens a file and reads every table's rows, in stored order and in each index's order, forwards
 // then a few backwards. Gives how many rows were read.
 qint64 readEverything(const QString& connect, const QString& path, const QString& password) {
@@ -58,9 +53,9 @@ qint64 readEverything(const QString& connect, const QString& path, const QString
 // it was written, as the file itself does.
 void readDamagedCopies(const QString& connect, const QString& original, const QString& password,
                        const QString& suffix) {
-    const QByteArray good = contents(original);
+    const QByteArray good = bytesOf(original);
     ASSERT_GT(readEverything(connect, original, password), 0) << original.toStdString();
-    EXPECT_EQ(contents(original), good) << original.toStdString();
+    EXPECT_EQ(bytesOf(original), good) << original.toStdString();
     TempFolder dir;
     const QString name = u"damaged"_s + suffix;
     // Bytes turned over all through the header (the first 2 KiB) and in the middle.
@@ -70,7 +65,7 @@ void readDamagedCopies(const QString& connect, const QString& original, const QS
         SCOPED_TRACE(QFileInfo(original).fileName().toStdString() + ", " + what);
         dir.write(name, bytes);
         readEverything(connect, dir.file(name), password);
-        EXPECT_EQ(contents(dir.file(name)), bytes);
+        EXPECT_EQ(bytesOf(dir.file(name)), bytes);
     }
 }
 
@@ -90,7 +85,7 @@ TEST(AccessDamagedFiles, CutAndFlippedDatabasesFailOrRead) {
 TEST(AccessDamagedFiles, ACatalogThatNeverEndsIsRefused) {
     if (!QFileInfo::exists(shared(u"mdb/testV1997.mdb"_s)))
         GTEST_SKIP() << "the shared Access samples are absent";
-    QByteArray bytes = contents(shared(u"mdb/testV1997.mdb"_s));
+    QByteArray bytes = bytesOf(shared(u"mdb/testV1997.mdb"_s));
     const std::pair<qsizetype, char> flips[] = {{44440, '\x64'}, {45560, '\x99'}, {50173, '\x56'},
                                                 {68525, '\xAC'}, {95209, '\x47'}, {98373, '\x1B'},
                                                 {117004, '\x5C'}};
@@ -113,7 +108,7 @@ TEST(AccessDamagedFiles, ADatabaseClosedUncleanly) {
     if (!QFileInfo::exists(shared(u"mdb/adox_jet4.mdb"_s)))
         GTEST_SKIP() << "the shared Access samples are absent";
     for (const QString& sample : {u"mdb/adox_jet4.mdb"_s, u"mdb/testV1997.mdb"_s}) {
-        const QByteArray good = contents(shared(sample));
+        const QByteArray good = bytesOf(shared(sample));
         TempFolder dir;
         dir.write(u"left.mdb"_s, good);
         QByteArray lock(64, ' ');

@@ -25,11 +25,6 @@ QString sharedFixtures() {
     return QStringLiteral(QUORVANE_SHARED_FIXTURES);
 }
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 TableReader::Opened openDbase(const QString& path) {
     return TableReader::open(u"dBASE 5.0;"_s, path, QString());
 }
@@ -80,24 +75,16 @@ TEST(DbaseReader, ReadsTheFieldsTypesAndRowsThatPythonDbfWrote) {
         const QList<TableField>& fields = defs.first().fields;
         ASSERT_EQ(fields.size(), 6);
         EXPECT_EQ(fields[0].name, u"NAME"_s);
-        EXPECT_EQ(fields[0].type, TableTypes::Text);
         EXPECT_EQ(fields[0].size, 20);
-        EXPECT_EQ(fields[1].type, TableTypes::Long);
-        EXPECT_EQ(fields[2].type, TableTypes::Double);
-        EXPECT_EQ(fields[3].type, TableTypes::Date);
-        EXPECT_EQ(fields[4].type, TableTypes::Boolean);
-        EXPECT_EQ(fields[5].type, TableTypes::Memo);
+        const auto types = {TableTypes::Text, TableTypes::Long,    TableTypes::Double,
+                            TableTypes::Date, TableTypes::Boolean, TableTypes::Memo};
+        for (int i = 0; const auto type : types)
+            EXPECT_EQ(fields[i++].type, type) << i;
 
         std::unique_ptr<TableRows> rows = opened.reader->rows(defs.first().name, QString());
         ASSERT_EQ(rows->count(), 3);
-        const QStringList first = rows->row(0);
-        ASSERT_EQ(first.size(), 6);
-        EXPECT_EQ(first[0], u"Widget"_s);
-        EXPECT_EQ(first[1], u"12"_s);
-        EXPECT_EQ(first[2], u"2.50"_s);
-        EXPECT_EQ(first[3], u"20240301"_s);
-        EXPECT_EQ(first[4], u"T"_s);
-        EXPECT_EQ(first[5], u"First order of the year"_s);
+        EXPECT_EQ(rows->row(0), (QStringList{u"Widget"_s, u"12"_s, u"2.50"_s, u"20240301"_s, u"T"_s,
+                                             u"First order of the year"_s}));
         EXPECT_EQ(rows->row(1)[5], QString()); // an empty memo
         EXPECT_EQ(rows->row(2)[0], u"Sprocket"_s);
         EXPECT_EQ(rows->row(2)[5], u"Bulk\r\nsecond line"_s);
@@ -498,7 +485,7 @@ TEST(DbaseReader, ATableWhoseMemoFileIsMissingOpensWithEmptyMemos) {
     const QList<QStringList> rows = allRows(*opened.reader, QString());
     ASSERT_EQ(rows.size(), 3);
     EXPECT_EQ(rows[0][0], u"Widget"_s);
-    EXPECT_EQ(rows[0][5], QString());
-    EXPECT_EQ(rows[2][5], QString());
+    for (const QStringList& row : rows)
+        EXPECT_EQ(row[5], QString());
     readEveryRow(dir, u"dBASE 5.0;"_s, u"SALES.DBF"_s, "without its memo file");
 }

@@ -20,11 +20,6 @@ bool haveSamples() {
     return QFileInfo(paradox(u"AREACODE.DB"_s)).isFile();
 }
 
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 TableReader::Opened openParadox(const QString& path) {
     return TableReader::open(u"Paradox 5.x;"_s, path, {});
 }
