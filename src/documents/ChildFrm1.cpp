@@ -342,6 +342,14 @@ void ChildFrm1::layoutText() {
     Text1->resize(Twips::toPixels(text.width()), Twips::toPixels(text.height()));
 }
 
+void ChildFrm1::resizeEvent(QResizeEvent* event) {
+    QMdiSubWindow::resizeEvent(event);
+    if (FILE_TYPE == u"T"_s && Text1)
+        layoutText();
+    else if (FILE_TYPE == u"D"_s && Data1)
+        resizeDatabase();
+}
+
 void ChildFrm1::setCheckMarks() {
     QAction* normal = menuAction("mnuViewNormal");
     QAction* stretch = menuAction("mnuViewStretch");

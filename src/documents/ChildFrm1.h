@@ -139,6 +139,7 @@ private:
                     const char* mainMenu, int button);
     void applyGridStyle();
     void layoutDatabase();
+    void resizeDatabase();
     void paintDatabaseView();
     void copyCurrentCell();
     // dBASE and Paradox keep one table a file, named by the file.

@@ -473,12 +473,7 @@ void ChildFrm1::layoutDatabase() {
     Frame2->move(Twips::toPixels(box.x()), Twips::toPixels(box.y()));
 }
 
-void ChildFrm1::resizeEvent(QResizeEvent* event) {
-    QMdiSubWindow::resizeEvent(event);
-    if (FILE_TYPE == u"T"_s && Text1)
-        layoutText();
-    if (FILE_TYPE != u"D"_s || !Data1)
-        return;
+void ChildFrm1::resizeDatabase() {
     DatabaseLayout::resize(m_placement, Twips::fromPixels(width()), Twips::fromPixels(height()));
     layoutDatabase();
 }

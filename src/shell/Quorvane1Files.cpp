@@ -43,8 +43,9 @@ void Quorvane1::mnuFileOpen_Click() {
     request.title = tr("Select File to Open");
     request.folder = PTxShList1->folder();
     request.filterPairs = FileTypes::dialogFilter();
-    request.filterIndex = CMBFILEFLTR->currentIndex();
-    if (const int row = CMBFILEFLTR->currentIndex(); row >= 0 && row < FileTypes::FilterRowCount)
+    const int row = CMBFILEFLTR->currentIndex();
+    request.filterIndex = row;
+    if (row >= 0 && row < FileTypes::FilterRowCount)
         request.defaultExtension = firstExtensionOf(mFileFilter[row]);
     const QString name = Messages::instance().openFileName(request, this);
     if (name.trimmed().isEmpty())

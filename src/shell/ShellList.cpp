@@ -1,9 +1,10 @@
 #include "shell/ShellList.h"
 
+#include "platform/PathUtil.h"
+
 #include "shell/FileListModel.h"
 
 #include <QEvent>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -72,7 +73,7 @@ void ShellList::refresh() {
     const QString selected = selectedPath();
     m_model->reload();
     if (!selected.isEmpty())
-        selectName(QFileInfo(selected).fileName());
+        selectName(PathUtil::nameOf(selected));
 }
 
 void ShellList::setView(int view) {
