@@ -89,21 +89,6 @@ QByteArray mspHeader(bool version2, int width, int height) {
 
 } // namespace
 
-TEST(ImageCodec, ExtensionsGoToTheirReaders) {
-    using R = ImageCodec::Reader;
-    EXPECT_EQ(ImageCodec::readerFor(u"JPG"_s), R::Qt);
-    EXPECT_EQ(ImageCodec::readerFor(u"PNG"_s), R::Qt);
-    EXPECT_EQ(ImageCodec::readerFor(u"MPT"_s), R::ImageMagick);
-    EXPECT_EQ(ImageCodec::readerFor(u"PCX"_s), R::ImageMagick);
-    EXPECT_EQ(ImageCodec::readerFor(u"IFF"_s), R::ImageMagick);
-    EXPECT_EQ(ImageCodec::readerFor(u"EPS"_s), R::Ghostscript);
-    EXPECT_EQ(ImageCodec::readerFor(u"EMF"_s), R::Emf);
-    EXPECT_EQ(ImageCodec::readerFor(u"IMG"_s), R::Netpbm);
-    EXPECT_EQ(ImageCodec::readerFor(u"MSP"_s), R::Msp);
-    for (const QString& none : {u"DXF"_s, u"FPX"_s, u"AWD"_s, u"CMP"_s, u"TXT"_s})
-        EXPECT_EQ(ImageCodec::readerFor(none), R::None) << none.toStdString();
-}
-
 TEST(ImageCodec, EveryGeneratedPictureDecodesAtItsSizeWithItsColours) {
     const QStringList files = generatedFiles();
     ASSERT_GE(files.size(), 30) << "the test pictures were not made in "

@@ -120,24 +120,11 @@ TEST(DbaseReader, FindsTheMemoFileWhateverItsLetterCase) {
     }
 }
 
-TEST(DbaseReader, DamagedOrMissingTablesFailWithoutACrash) {
+TEST(DbaseReader, AMissingOrEmptyTableFails) {
     TempFolder dir;
-    EXPECT_EQ(TableReader::open(u"dBASE 5.0;"_s, dir.file(u"none.dbf"_s), QString()).error.number(),
-              53);
+    EXPECT_EQ(openDbase(dir.file(u"none.dbf"_s)).error.number(), 53);
     dir.write(u"empty.dbf"_s, QByteArray());
-    EXPECT_TRUE(TableReader::open(u"dBASE 5.0;"_s, dir.file(u"empty.dbf"_s), QString()).error);
-    const QByteArray good = bytesOf(QDir(generatedTables()).filePath(u"SALES.DBF"_s));
-    for (qsizetype cut : {qsizetype(10), qsizetype(40), good.size() / 2, good.size() - 1}) {
-        dir.write(u"cut.dbf"_s, good.left(cut));
-        TableReader::Opened opened =
-            TableReader::open(u"dBASE 5.0;"_s, dir.file(u"cut.dbf"_s), QString());
-        if (opened.error)
-            continue;
-        std::unique_ptr<TableRows> rows =
-            opened.reader->rows(opened.reader->tableDefs().first().name, QString());
-        for (qint64 i = 0; i < std::min<qint64>(rows->count(), 10); ++i)
-            rows->row(i);
-    }
+    EXPECT_TRUE(openDbase(dir.file(u"empty.dbf"_s)).error);
 }
 
 TEST(DbaseReader, ListsTheNdxFilesOfATableAndReadsRowsInTheirOrder) {
