@@ -57,6 +57,12 @@ struct Globals : OptionSettings, ColorSettings {
     bool gGrpBatchOpen = false;
     bool gQuikPictOpen = false;
 
+    // The last stamp of the organizer: yyyyMMdd, HHmmss, the shown date and time, both joined
+    QString gStampDate;
+    QString gStampTime;
+    QString gStampDisplay;
+    QString gStampFull;
+
     int gSeparatorPercent = 0; // integer part of 100 x tree width / Frame1 width
 
     // The lists of the last database table read, for one table at a time
