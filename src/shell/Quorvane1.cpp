@@ -1,4 +1,8 @@
 #include "shell/Quorvane1.h"
+
+#include "organizer/OrganizerDb.h"
+#include "organizer/OrganizerMaintenance.h"
+#include "organizer/OrganizerWindows.h"
 #include "shell/Quorvane1Shared.h"
 
 #include "documents/MDIForm1.h"
@@ -65,6 +69,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     setObjectName(WindowName());
     setAcceptDrops(true);
     WindowRegistry::add(WindowName(), this);
+    registerOrganizerWindows();
     buildControls();
     buildMenus();
     Form_Load();
@@ -114,7 +119,11 @@ void Quorvane1::Form_Load() {
 
     InitExplore();
     AskComputerName();
-    // The organizer's table is checked here once the organizer store exists.
+    const OrganizerMaintenance::TableCheck organizer = OrganizerMaintenance::CheckOrganizerTable(
+        PathUtil::join(g.gAppPath, QString::fromLatin1(OrganizerDb::FileName)));
+    mOrgFileCount = organizer.fileCount;
+    if (organizer.updated)
+        messages.inform(tr("Table Updated - Please Click the OK Button Again"), this);
 
     Frame5->move(px(g.gTreeWidth + g.gTreeLeft + 10), Frame5->y());
     fillFilterTables();

@@ -69,6 +69,7 @@ public:
 
     // The window's own state that other windows read.
     QString mComputerName;
+    qint64 mOrgFileCount = 0; // files in the organizer at start
     bool mOpenPending = false;
 
     const QString& fileExt() const { return mFileExt; }

@@ -1,0 +1,20 @@
+#include "organizer/OrganizerWindows.h"
+
+#include "organizer/GrpClear1.h"
+#include "organizer/GrpMaint.h"
+#include "organizer/GrpRepair1.h"
+#include "platform/WindowRegistry.h"
+
+namespace {
+
+template <class W> void registerWindow() {
+    WindowRegistry::setFactory(W::WindowName(), [] { return new W; });
+}
+
+} // namespace
+
+void registerOrganizerWindows() {
+    registerWindow<GrpMaint>();
+    registerWindow<GrpRepair1>();
+    registerWindow<GrpClear1>();
+}
