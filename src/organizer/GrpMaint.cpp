@@ -13,20 +13,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 using OrganizerWidgets::button;
-
-namespace {
-
-// How the navigator shows a share of the records.
-QString percentText(double percent) {
-    return QLocale::system().toString(percent, 'g', 7);
-}
-
-} // namespace
 
 GrpMaint::GrpMaint(QWidget* parent) : QWidget(parent, Qt::Window) {
     setObjectName(WindowName());
@@ -209,7 +199,8 @@ void GrpMaint::Data1_Reposition() {
     if (rows.RecordCount() == 0) {
         Data1->setCaption(tr("End of File")); // nothing to stand on again
     } else if (!rows.isEOF() && !rows.isBOF()) {
-        Data1->setCaption(tr("Record %Position: ") + percentText(rows.PercentPosition()) + u" %"_s);
+        Data1->setCaption(tr("Record %Position: ") +
+                          OrganizerWidgets::percentText(rows.PercentPosition()) + u" %"_s);
     } else if (rows.isEOF()) {
         Data1->MoveLast();
         Data1->setCaption(tr("End of File"));

@@ -69,7 +69,7 @@ void OrganizerDataControl::close() {
 }
 
 void OrganizerDataControl::bind(QWidget* control, const QString& field) {
-    m_bindings.append({control, field});
+    m_bindings.append({control, field, QString()});
     auto changed = [this] {
         if (!m_filling)
             m_changed = true;
@@ -89,16 +89,20 @@ void OrganizerDataControl::showRecord() {
         return;
     m_filling = true;
     const bool shown = m_recordset->hasCurrent() || m_recordset->EditMode() != Recordset::EditNone;
-    for (const Binding& b : std::as_const(m_bindings))
-        if (b.control && shown)
+    for (Binding& b : m_bindings) {
+        if (b.control && shown) {
             setTextOf(b.control, m_recordset->text(b.field));
+            b.shown = textOf(b.control);
+        }
+    }
     m_filling = false;
     m_changed = false;
 }
 
 void OrganizerDataControl::writeBound() {
+    // Only what changed: a field set by position stays as set while its control was not touched.
     for (const Binding& b : std::as_const(m_bindings))
-        if (b.control)
+        if (b.control && textOf(b.control) != b.shown)
             m_recordset->setValue(b.field, textOf(b.control));
 }
 
@@ -163,8 +167,12 @@ AppError OrganizerDataControl::Update() {
     if (m_recordset->EditMode() != Recordset::EditNone)
         writeBound();
     const AppError result = m_recordset->Update();
-    if (!result)
+    if (!result) {
         m_changed = false;
+        for (Binding& b : m_bindings)
+            if (b.control)
+                b.shown = textOf(b.control);
+    }
     return result;
 }
 

@@ -11,8 +11,9 @@
 // controls bound to its fields. DatabaseName is the file (with or without its extension),
 // RecordSource a table (opened as a table cursor, which takes an index) or one of the group
 // queries (a dynaset). The bound controls show the current or pending record after every move
-// made through the control; what the user typed into them is written when the record is left
-// or when Update runs. Every move through the control ends in Reposition.
+// made through the control. A control whose text differs from what it was filled with (typed,
+// or set by the program) is written into the record by Update; typing also has the record
+// written when it is left. Every move through the control ends in Reposition.
 class OrganizerDataControl final : public DataNavigator {
     Q_OBJECT
 public:
@@ -61,6 +62,7 @@ private:
     struct Binding {
         QPointer<QWidget> control;
         QString field;
+        QString shown; // what the control held when it was last filled
     };
     AppError moveBy(AppError (Recordset::*move)());
     void writeBound();

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -52,6 +53,10 @@ void paintWindow(QWidget* window) {
         else if (qobject_cast<QLabel*>(child))
             WidgetPaint::paint(child, g.gWindowBackColor, g.gWindowForeColor, g.gBoldType);
     }
+}
+
+QString percentText(double percent) {
+    return QLocale::system().toString(percent, 'g', 7);
 }
 
 QString databasePath() {

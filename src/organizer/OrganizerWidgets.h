@@ -19,6 +19,9 @@ QLineEdit* entry(QWidget* parent, const char* name, const QString& tip);
 // entry fields and lists in the entry colours, the rest in the window colours; bold as set.
 void paintWindow(QWidget* window);
 
+// How a navigator's caption shows a share of the records.
+QString percentText(double percent);
+
 // The path of FileTabl.MDB in the program's folder, and of its work file.
 QString databasePath();
 QString workPath();

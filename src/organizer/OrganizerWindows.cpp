@@ -1,6 +1,8 @@
 #include "organizer/OrganizerWindows.h"
 
 #include "organizer/GrpClear1.h"
+#include "organizer/GrpFind.h"
+#include "organizer/GrpFlem1.h"
 #include "organizer/GrpMaint.h"
 #include "organizer/GrpRepair1.h"
 #include "platform/WindowRegistry.h"
@@ -17,4 +19,6 @@ void registerOrganizerWindows() {
     registerWindow<GrpMaint>();
     registerWindow<GrpRepair1>();
     registerWindow<GrpClear1>();
+    registerWindow<GrpFlem1>();
+    registerWindow<GrpFind2>();
 }

@@ -163,8 +163,7 @@ void Quorvane1::PTxShList1_SelectionChanged(const QString& path) {
         if (QWidget* organizer = WindowRegistry::find(u"GrpFlem1"_s);
             organizer && organizer->property("AddFromMainList").toBool()) {
             g.gOpenFile = g.gCurrentFile;
-            QMetaObject::invokeMethod(organizer, "AddFiletoGrp");
-            organizer->setFocus();
+            QMetaObject::invokeMethod(organizer, "AddFileFromMainList");
         }
     }
 }

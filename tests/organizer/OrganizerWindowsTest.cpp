@@ -1,8 +1,13 @@
 #include "organizer/GrpClear1.h"
+#include "organizer/GrpFind.h"
+#include "organizer/GrpFlem1.h"
 #include "organizer/GrpMaint.h"
 #include "organizer/OrganizerDataControl.h"
+#include "platform/imaging/PictureView.h"
+#include "shell/ShellList.h"
 #include "support/MainWindowHarness.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -36,6 +41,22 @@ private:
             qWarning("the group window did not become active");
         return window;
     }
+    void addGroups(const QStringList& names) {
+        auto rows = Recordset::open(database(), u"GroupTable"_s).recordset;
+        for (const QString& name : names) {
+            rows->AddNew();
+            rows->setValue(1, name);
+            QVERIFY(!rows->Update());
+        }
+    }
+    GrpFlem1* openFiles(const QString& file) {
+        globals().gCurrentFile = h->folder().file(file);
+        h->window()->findChild<QAction*>(u"mnuOrganizeFileMaint"_s)->trigger();
+        // Without groups the window closes as it comes.
+        QPointer window = qobject_cast<GrpFlem1*>(WindowRegistry::find(GrpFlem1::WindowName()));
+        (void)QTest::qWaitFor([&] { return !window || window->isActiveWindow(); });
+        return window;
+    }
     void type(QLineEdit* field, const QString& text) {
         field->selectAll();
         QTest::keyClicks(field, text);
@@ -44,11 +65,13 @@ private:
 private Q_SLOTS:
     void init() {
         h = std::make_unique<MainWindowHarness>();
+        h->folder().writePicture(u"photo.jpg"_s);
+        h->folder().write(u"notes.txt"_s, "n");
         h->start();
     }
     void cleanup() {
-        if (QWidget* w = WindowRegistry::find(GrpMaint::WindowName()))
-            delete w;
+        for (const QString& name : {GrpMaint::WindowName(), GrpFlem1::WindowName()})
+            delete WindowRegistry::find(name);
         h.reset();
     }
 
@@ -99,14 +122,7 @@ private Q_SLOTS:
     }
 
     void theNavigatorWalksByNameAndSaysWhereTheEndIs() {
-        {
-            auto rows = Recordset::open(database(), u"GroupTable"_s).recordset;
-            for (const QString& name : {u"b"_s, u"C"_s, u"a"_s}) {
-                rows->AddNew();
-                rows->setValue(1, name);
-                QVERIFY(!rows->Update());
-            }
-        }
+        addGroups({u"b"_s, u"C"_s, u"a"_s});
         GrpMaint* groups = openGroups();
         QCOMPARE(groups->FldGroup1->text(), u"a"_s);
         groups->Data1->button(DataNavigator::MoveNext)->click();
@@ -123,6 +139,66 @@ private Q_SLOTS:
         rows->setIndex(u"GroupName"_s);
         rows->Seek(u"="_s, u"B"_s);
         QCOMPARE(rows->text(u"GroupDesc"_s), u"second"_s);
+    }
+
+    void withoutGroupsTheFileWindowSaysSoAndCloses() {
+        openFiles(u"notes.txt"_s);
+        QTRY_VERIFY(!globals().gGrpFlemOpen);
+        QCOMPARE(h->messages().texts(),
+                 QStringList{u"No Groups to contain Files - Create a new Group using the Create "
+                             "and Maintain Groups Organize Menu Option"_s});
+    }
+
+    void filesSelectedInTheMainListAreFiledFoundAndDeleted() {
+        addGroups({u"Alpha"_s, u"Beta"_s});
+        GrpFlem1* files = openFiles(u"photo.jpg"_s);
+        QVERIFY(files);
+        QCOMPARE(files->mode(), u"A"_s);
+        const QString folder = h->folder().path();
+        QCOMPARE((QStringList{files->FldFileName->text(), files->FldFilePath->text(),
+                              files->FldFileDesc->text(), files->FldFileKeywrd->text(),
+                              files->CMBTYPE->currentText()}),
+                 (QStringList{u"photo.jpg"_s, folder, u"Description of photo.jpg"_s,
+                              QFileInfo(folder).fileName(), u"Picture"_s}));
+        files->CMBGRP->setCurrentIndex(1);
+        QTest::mouseClick(files->SaveBtn, Qt::LeftButton);
+        QCOMPARE(files->mode(), u"E"_s);
+        auto rows = Recordset::open(database(), u"FileTable"_s).recordset;
+        QCOMPARE(rows->RecordCount(), 1);
+        const QDateTime written = QFileInfo(h->folder().file(u"photo.jpg"_s)).lastModified();
+        QCOMPARE(rows->text(u"GroupName"_s), u"Beta"_s);
+        QCOMPARE(rows->text(u"Date"_s), written.toString(u"yyyyMMdd"_s));
+        QCOMPARE(rows->text(u"DateTimeCreated"_s).size(), 14);
+        QVERIFY(!rows->text(u"Time"_s).isEmpty());
+
+        // The link: a selection in the main window is a new row in the group saved last.
+        QTRY_VERIFY(h->window()->shellList()->selectName(u"notes.txt"_s));
+        QCOMPARE(files->FldFileName->text(), u"notes.txt"_s);
+        QCOMPARE(files->CMBGRP->currentText(), u"Beta"_s);
+        QVERIFY(!files->Image1->isVisibleTo(files));
+        QTest::mouseClick(files->SaveBtn, Qt::LeftButton);
+        QTest::mouseClick(files->SelectBtn, Qt::LeftButton);
+        QVERIFY(h->window()->shellList()->selectName(u"photo.jpg"_s));
+        QCOMPARE(files->FldFileName->text(), u"notes.txt"_s);
+
+        // A find lands at or after its text in the order of names, here the last row.
+        QTimer::singleShot(0, [] {
+            auto* find = qobject_cast<GrpFind2*>(WindowRegistry::find(GrpFind2::WindowName()));
+            QTest::keyClicks(find->Text1[0], u"PH"_s);
+            find->OKBtn->click();
+            find->CancelBtn->click();
+        });
+        QTest::mouseClick(files->FindBtn, Qt::LeftButton);
+        QCOMPARE(files->FldFileName->text(), u"photo.jpg"_s);
+        QVERIFY(files->Image1->isVisibleTo(files));
+        // Deleting the last row stands on the new last one, in mode "D" until the next move.
+        h->messages().answer(true);
+        QTest::mouseClick(files->DeleteBtn, Qt::LeftButton);
+        QCOMPARE(files->FldFileName->text(), u"notes.txt"_s);
+        QCOMPARE(files->mode(), u"D"_s);
+        files->Data1->button(DataNavigator::MoveFirst)->click();
+        QCOMPARE(files->mode(), u"E"_s);
+        QCOMPARE(Recordset::open(database(), u"FileTable"_s).recordset->RecordCount(), 1);
     }
 
     void clearOnAnEmptyTableSaysTheFilesWereNotRemoved() {
@@ -157,13 +233,16 @@ private Q_SLOTS:
     }
 
     void everyControlOfTheWindowsHasAnAccessibleName() {
-        GrpMaint* groups = openGroups();
+        addGroups({u"G"_s});
         QStringList missing;
-        for (QWidget* widget : groups->findChildren<QWidget*>())
-            if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"_s) &&
-                widget->accessibleName().isEmpty() &&
-                (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLineEdit*>(widget)))
-                missing.append(widget->objectName());
+        for (QWidget* window : {static_cast<QWidget*>(openGroups()),
+                                static_cast<QWidget*>(openFiles(u"notes.txt"_s))})
+            for (QWidget* widget : window->findChildren<QWidget*>())
+                if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"_s) &&
+                    widget->accessibleName().isEmpty() &&
+                    (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLineEdit*>(widget) ||
+                     qobject_cast<QComboBox*>(widget)))
+                    missing.append(widget->objectName());
         QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u", "_s)));
     }
 };

@@ -1,0 +1,102 @@
+#include "organizer/GrpFind.h"
+
+#include "organizer/GrpFlem1.h"
+#include "organizer/OrganizerDataControl.h"
+#include "organizer/OrganizerWidgets.h"
+#include "platform/DialogButtons.h"
+#include "platform/Messages.h"
+#include "platform/PathUtil.h"
+#include "platform/WindowRegistry.h"
+#include "shell/Globals.h"
+#include "shell/Help.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+GrpFind::GrpFind(const QString& name, const QString& title, QWidget* parent) : QDialog(parent) {
+    setObjectName(name);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(title);
+    const QString texts[] = {tr("Search by File Name:"), tr("- OR -"), tr("Search by Keyword:")};
+    for (int i = 0; i < 3; ++i)
+        Label1[i] = OrganizerWidgets::label(this, u"Label1_%1"_s.arg(i), texts[i]);
+    Text1[0] = OrganizerWidgets::entry(this, "Text1_0", tr("Search for File by File Name"));
+    Text1[1] = OrganizerWidgets::entry(this, "Text1_1",
+                                       tr("Search for File in Database by File Search Key Word"));
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(Label1[0], 0, 0);
+    grid->addWidget(Text1[0], 0, 1);
+    grid->addWidget(Label1[1], 1, 0, 1, 2, Qt::AlignCenter);
+    grid->addWidget(Label1[2], 2, 0);
+    grid->addWidget(Text1[1], 2, 1);
+    const DialogButtons buttons = DialogButtons::okCancel(this);
+    OKBtn = buttons.ok;
+    CancelBtn = buttons.cancel;
+    HelpBtn = OrganizerWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help"));
+    buttons.row->addWidget(HelpBtn);
+    grid->addLayout(buttons.row, 3, 0, 1, 2);
+    connect(OKBtn, &QPushButton::clicked, this, &GrpFind::OKBtn_Click);
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+}
+
+void GrpFind::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+        mFirstActivate = false;
+        OrganizerWidgets::paintWindow(this);
+    }
+}
+
+bool GrpFind::SeekFileRow(const QString& selector) {
+    OrganizerDataControl* data = target();
+    if (!data)
+        return false;
+    data->DatabaseName.clear();
+    data->DatabaseName = PathUtil::join(globals().gAppPath, u"FileTabl"_s);
+    data->RecordSource = u"FileTable"_s;
+    AppError failed = data->Refresh();
+    const bool byName = selector == u"1"_s;
+    if (!failed)
+        failed = data->setIndex(byName ? u"FileName"_s : u"FileKeyword"_s);
+    if (!failed)
+        failed = data->Seek(u">="_s, Text1[byName ? 0 : 1]->text());
+    if (failed) {
+        Messages::instance().inform(tr("Error - ") + QString::number(failed.number()) + u" - "_s +
+                                        failed.description(),
+                                    this);
+        return false;
+    }
+    return true;
+}
+
+void GrpFind::OKBtn_Click() {
+    const bool byName = !Text1[0]->text().trimmed().isEmpty();
+    const bool byWord = !Text1[1]->text().trimmed().isEmpty();
+    if (!byName && !byWord) {
+        Messages::instance().inform(tr("You must enter something in File Name or Search Key word "
+                                       "to find nearest match in the File."),
+                                    this);
+        return;
+    }
+    beforeSeeks();
+    bool found = false;
+    if (byName)
+        found = SeekFileRow(u"1"_s);
+    if (byWord)
+        found = SeekFileRow(u"2"_s);
+    afterSeeks(found);
+}
+
+GrpFind2::GrpFind2(QWidget* parent)
+    : GrpFind(WindowName(), tr("Find Files in File List"), parent) {}
+
+OrganizerDataControl* GrpFind2::target() const {
+    auto* editor = qobject_cast<GrpFlem1*>(WindowRegistry::find(GrpFlem1::WindowName()));
+    return editor ? editor->Data1 : nullptr;
+}
