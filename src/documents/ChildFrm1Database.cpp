@@ -93,7 +93,7 @@ void ChildFrm1::buildDatabaseView() {
     m_gridModel = new TableGridModel(this);
     MSFlexGrid1->setModel(m_gridModel);
     connect(Data1, &TableDataControl::recordsetChanged, this,
-            [this] { m_gridModel->setRecordset(Data1->Recordset()); });
+            [this] { m_gridModel->setRows(Data1->Recordset()); });
     connect(MSFlexGrid1, &FlexGrid::EnterCell, this, [this](int record, int column) {
         const Globals& g = globals();
         m_gridModel->setCellColors(record, column, SettingColor::toQColor(g.gBrowserForeColor),
@@ -419,35 +419,9 @@ void ChildFrm1::Data1_Reposition() {
 
 void ChildFrm1::applyGridStyle() {
     const Globals& g = globals();
-    const QColor back = SettingColor::toQColor(g.gBrowserBackColor);
-    const QColor fore = SettingColor::toQColor(g.gBrowserForeColor);
-    QPalette palette = MSFlexGrid1->palette();
-    palette.setColor(QPalette::Base, back);
-    palette.setColor(QPalette::Text, fore);
-    palette.setColor(QPalette::Highlight, fore);
-    palette.setColor(QPalette::HighlightedText, back);
-    MSFlexGrid1->setPalette(palette);
-    QFont font = MSFlexGrid1->font();
-    font.setBold(g.gBoldType);
-    MSFlexGrid1->setFont(font);
-    if (g.gBrowserTextStyle == u"F"_s) {
-        MSFlexGrid1->setTextStyle(FlexGrid::TextFlat);
-        MSFlexGrid1->setGridLines(FlexGrid::LinesFlat);
-    } else if (g.gBrowserTextStyle == u"R"_s) {
-        MSFlexGrid1->setTextStyle(FlexGrid::TextRaised);
-        MSFlexGrid1->setGridLines(FlexGrid::LinesRaised);
-    } else if (g.gBrowserTextStyle == u"I"_s) {
-        MSFlexGrid1->setTextStyle(FlexGrid::TextInset);
-        MSFlexGrid1->setGridLines(FlexGrid::LinesInset);
-    }
-    if (g.gGridLines) {
-        MSFlexGrid1->setGridColor(fore);
-        MSFlexGrid1->setGridLines(FlexGrid::LinesRaised);
-    } else {
-        MSFlexGrid1->setGridColor(back);
-        MSFlexGrid1->setGridLines(FlexGrid::LinesNone);
-    }
-    MSFlexGrid1->viewport()->update();
+    MSFlexGrid1->applyStyle(SettingColor::toQColor(g.gBrowserBackColor),
+                            SettingColor::toQColor(g.gBrowserForeColor), g.gBoldType,
+                            g.gBrowserTextStyle, g.gGridLines);
 }
 
 void ChildFrm1::paintDatabaseView() {

@@ -1,5 +1,6 @@
 #include "organizer/GrpFind.h"
 
+#include "organizer/GrpBrow1.h"
 #include "organizer/GrpFlem1.h"
 #include "organizer/OrganizerDataControl.h"
 #include "organizer/OrganizerWidgets.h"
@@ -99,4 +100,36 @@ GrpFind2::GrpFind2(QWidget* parent)
 OrganizerDataControl* GrpFind2::target() const {
     auto* editor = qobject_cast<GrpFlem1*>(WindowRegistry::find(GrpFlem1::WindowName()));
     return editor ? editor->Data1 : nullptr;
+}
+
+GrpFind1::GrpFind1(QWidget* parent)
+    : GrpFind(WindowName(), tr("Find File in Group Table"), parent) {}
+
+namespace {
+
+GrpBrow1* browser() {
+    return qobject_cast<GrpBrow1*>(WindowRegistry::find(GrpBrow1::WindowName()));
+}
+
+} // namespace
+
+OrganizerDataControl* GrpFind1::target() const {
+    GrpBrow1* groups = browser();
+    return groups ? groups->Data1[1] : nullptr;
+}
+
+void GrpFind1::beforeSeeks() {
+    if (GrpBrow1* groups = browser())
+        groups->InSort = true;
+}
+
+void GrpFind1::afterSeeks(bool found) {
+    GrpBrow1* groups = browser();
+    if (!groups)
+        return;
+    if (found) {
+        groups->showFoundFile(Text1[1]->text().trimmed().isEmpty() ? 2 : 5);
+        close();
+    }
+    groups->InSort = false;
 }

@@ -47,3 +47,17 @@ public:
 protected:
     OrganizerDataControl* target() const override;
 };
+
+// The find of the group browser: the browser turns to the file grid over all files, on the
+// match, and the find closes.
+class GrpFind1 final : public GrpFind {
+    Q_OBJECT
+public:
+    static QString WindowName() { return QStringLiteral("GrpFind1"); }
+    explicit GrpFind1(QWidget* parent = nullptr);
+
+protected:
+    OrganizerDataControl* target() const override;
+    void beforeSeeks() override;
+    void afterSeeks(bool found) override;
+};

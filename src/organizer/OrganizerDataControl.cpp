@@ -59,6 +59,7 @@ AppError OrganizerDataControl::Refresh() {
     if (opened.error)
         return opened.error;
     m_recordset = std::move(opened.recordset);
+    Q_EMIT RecordsChanged();
     showRecord();
     Q_EMIT Reposition();
     return {};
@@ -118,7 +119,10 @@ AppError OrganizerDataControl::moveBy(AppError (Recordset::*move)()) {
 AppError OrganizerDataControl::setIndex(const QString& name) {
     if (!m_recordset)
         return OrganizerDb::error(OrganizerDb::NoCurrentRecord);
-    return m_recordset->setIndex(name);
+    const AppError result = m_recordset->setIndex(name);
+    if (!result)
+        Q_EMIT RecordsChanged();
+    return result;
 }
 
 AppError OrganizerDataControl::Seek(const QString& comparison, const QString& key) {

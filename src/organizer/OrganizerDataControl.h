@@ -52,6 +52,8 @@ public:
     void showRecord();
 
 Q_SIGNALS:
+    // The cursor was opened again or took another order: what was read of it before is gone.
+    void RecordsChanged();
     // A record could not be written when it was left.
     void Error(const AppError& error);
 

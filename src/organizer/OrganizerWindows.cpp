@@ -1,5 +1,6 @@
 #include "organizer/OrganizerWindows.h"
 
+#include "organizer/GrpBrow1.h"
 #include "organizer/GrpClear1.h"
 #include "organizer/GrpFind.h"
 #include "organizer/GrpFlem1.h"
@@ -21,4 +22,6 @@ void registerOrganizerWindows() {
     registerWindow<GrpClear1>();
     registerWindow<GrpFlem1>();
     registerWindow<GrpFind2>();
+    registerWindow<GrpBrow1>();
+    registerWindow<GrpFind1>();
 }

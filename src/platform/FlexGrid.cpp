@@ -238,11 +238,40 @@ QString FlexGrid::Text() const {
 }
 
 void FlexGrid::setColWidth(int column, double twips) {
-    setColumnWidth(column, Twips::toPixels(twips));
+    // A column of no width is not there for the eye, the keyboard or a screen reader.
+    setColumnHidden(column, twips <= 0);
+    if (twips > 0)
+        setColumnWidth(column, Twips::toPixels(twips));
 }
 
 double FlexGrid::ColWidth(int column) const {
     return Twips::fromPixels(columnWidth(column));
+}
+
+void FlexGrid::applyStyle(const QColor& back, const QColor& fore, bool bold,
+                          const QString& textStyle, bool gridLines) {
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, back);
+    colors.setColor(QPalette::Text, fore);
+    colors.setColor(QPalette::Highlight, fore);
+    colors.setColor(QPalette::HighlightedText, back);
+    setPalette(colors);
+    QFont text = font();
+    text.setBold(bold);
+    setFont(text);
+    if (textStyle == u"F") {
+        setTextStyle(TextFlat);
+        setGridLines(LinesFlat);
+    } else if (textStyle == u"R") {
+        setTextStyle(TextRaised);
+        setGridLines(LinesRaised);
+    } else if (textStyle == u"I") {
+        setTextStyle(TextInset);
+        setGridLines(LinesInset);
+    }
+    setGridColor(gridLines ? fore : back);
+    setGridLines(gridLines ? LinesRaised : LinesNone);
+    viewport()->update();
 }
 
 void FlexGrid::setTextStyle(TextStyle style) {

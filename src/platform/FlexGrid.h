@@ -55,6 +55,12 @@ public:
     void setGridColor(const QColor& color);
     QColor gridColor() const { return m_gridColor; }
 
+    // The cells in the browser's colours (the current cell inverted), bold or not; the text
+    // style "F" (flat), "R" (raised) or "I" (inset) with its own grid lines, unless grid lines
+    // are asked for (raised, in the text colour) or not (none).
+    void applyStyle(const QColor& back, const QColor& fore, bool bold, const QString& textStyle,
+                    bool gridLines);
+
     // Brings the record of a cell of the window into view, then its column.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 

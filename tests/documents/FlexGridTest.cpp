@@ -84,7 +84,7 @@ private Q_SLOTS:
         m_grid = std::make_unique<FlexGrid>();
         m_grid->setObjectName(u"grid"_s);
         m_grid->setModel(m_model.get());
-        m_model->setRecordset(m_records.get());
+        m_model->setRows(m_records.get());
         m_grid->resize(420, 300);
         m_grid->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_grid.get()));

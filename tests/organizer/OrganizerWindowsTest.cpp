@@ -1,8 +1,11 @@
+#include "organizer/GrpBrow1.h"
 #include "organizer/GrpClear1.h"
 #include "organizer/GrpFind.h"
 #include "organizer/GrpFlem1.h"
 #include "organizer/GrpMaint.h"
 #include "organizer/OrganizerDataControl.h"
+#include "platform/FlexGrid.h"
+#include "platform/SettingColor.h"
 #include "platform/imaging/PictureView.h"
 #include "shell/ShellList.h"
 #include "support/MainWindowHarness.h"
@@ -10,6 +13,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
@@ -28,11 +32,26 @@ private:
     qint64 rowsOf(const QString& table) {
         return Recordset::open(database(), table).recordset->RecordCount();
     }
-    void addFile(const QString& group) {
+    void addFile(const QString& group, const QString& name = {}, const QString& word = {}) {
         auto files = Recordset::open(database(), u"FileTable"_s).recordset;
         files->AddNew();
         files->setValue(u"GroupName"_s, group);
+        files->setValue(u"FileName"_s, name);
+        files->setValue(u"FileLocation"_s, h->folder().path());
+        files->setValue(u"FileKeyword"_s, word);
+        files->setValue(u"Date"_s, u"20000216"_s);
         QVERIFY(!files->Update());
+    }
+    // The cells of a column of a grid, top to bottom.
+    static QStringList column(FlexGrid* grid, int column) {
+        QStringList cells;
+        for (int row = 0; row < grid->model()->rowCount(); ++row)
+            cells.append(grid->model()->index(row, column).data().toString());
+        return cells;
+    }
+    static void clickRow(FlexGrid* grid, int row) {
+        const QRect cell = grid->visualRect(grid->model()->index(row - 1, 1));
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
     }
     GrpMaint* openGroups() {
         h->window()->findChild<QAction*>(u"mnuOrganizeGrpMaint"_s)->trigger();
@@ -70,7 +89,8 @@ private Q_SLOTS:
         h->start();
     }
     void cleanup() {
-        for (const QString& name : {GrpMaint::WindowName(), GrpFlem1::WindowName()})
+        for (const QString& name :
+             {GrpMaint::WindowName(), GrpFlem1::WindowName(), GrpBrow1::WindowName()})
             delete WindowRegistry::find(name);
         h.reset();
     }
@@ -199,6 +219,52 @@ private Q_SLOTS:
         files->Data1->button(DataNavigator::MoveFirst)->click();
         QCOMPARE(files->mode(), u"E"_s);
         QCOMPARE(Recordset::open(database(), u"FileTable"_s).recordset->RecordCount(), 1);
+    }
+
+    void theBrowserShowsTheFilesOfTheClickedGroupSortsFindsAndDisplays() {
+        addGroups({u"Beta"_s, u"alpha"_s, u"O'Neil"_s});
+        addFile(u"Beta"_s, u"photo.jpg"_s, u"zebra"_s);
+        addFile(u"alpha"_s, u"a.txt"_s);
+        addFile(u"beta"_s, u"notes.txt"_s, u"lion"_s);
+        h->window()->findChild<QAction*>(u"mnuOrganizeGroup"_s)->trigger();
+        auto* browser = qobject_cast<GrpBrow1*>(WindowRegistry::find(GrpBrow1::WindowName()));
+        QVERIFY(browser && QTest::qWaitForWindowActive(browser));
+        FlexGrid* groups = browser->MSFlexGrid1[0];
+        FlexGrid* files = browser->MSFlexGrid1[1];
+        QCOMPARE(column(groups, 1), (QStringList{u"alpha"_s, u"Beta"_s, u"O'Neil"_s}));
+        QCOMPARE(column(files, 2), QStringList{u"a.txt"_s});
+        QCOMPARE(groups->model()->index(0, 2).data(Qt::BackgroundRole).value<QColor>(),
+                 SettingColor::toQColor(globals().gBrowserForeColor));
+
+        clickRow(groups, 2);
+        QCOMPARE(column(files, 2), (QStringList{u"photo.jpg"_s, u"notes.txt"_s}));
+        QCOMPARE(column(files, 8), (QStringList{u"02/16/00"_s, u"02/16/00"_s}));
+        // A name the group query cannot take leaves the files shown.
+        clickRow(groups, 3);
+        QCOMPARE(column(files, 2), (QStringList{u"photo.jpg"_s, u"notes.txt"_s}));
+        clickRow(groups, 2);
+
+        QTest::mouseClick(browser->SwitchBtn, Qt::LeftButton);
+        QVERIFY(files->isVisible() && !groups->isVisible() && browser->SelectBtn->isEnabled());
+        browser->List1->setCurrentRow(2);
+        browser->List1_Click();
+        QCOMPARE(column(files, 2), (QStringList{u"notes.txt"_s, u"photo.jpg"_s}));
+        browser->List1->setCurrentRow(6); // the path keeps the order
+        browser->List1_Click();
+        QCOMPARE(browser->sortText(), u"[FileName]"_s);
+
+        // Found by its search word among all files, and displayed.
+        QTimer::singleShot(0, [] {
+            auto* find = qobject_cast<GrpFind1*>(WindowRegistry::find(GrpFind1::WindowName()));
+            QTest::keyClicks(find->Text1[1], u"ZE"_s);
+            find->OKBtn->click();
+        });
+        QTest::mouseClick(browser->FindBtn, Qt::LeftButton);
+        QCOMPARE(files->Rows(), 4);
+        QCOMPARE(files->model()->index(files->Row() - 1, 2).data().toString(), u"photo.jpg"_s);
+        QVERIFY(!browser->InSort);
+        QTest::mouseClick(browser->SelectBtn, Qt::LeftButton);
+        QTRY_VERIFY(MainWindowHarness::frame() && MainWindowHarness::frame()->mChildCount == 1);
     }
 
     void clearOnAnEmptyTableSaysTheFilesWereNotRemoved() {

@@ -1,15 +1,15 @@
 #include "platform/tables/TableGridModel.h"
 
-#include "platform/tables/TableRecordset.h"
+#include "platform/tables/GridRows.h"
 
 #include <algorithm>
 #include <limits>
 
 TableGridModel::TableGridModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-void TableGridModel::setRecordset(TableRecordset* recordset) {
+void TableGridModel::setRows(GridRows* rows) {
     beginResetModel();
-    m_recordset = recordset;
+    m_recordset = rows;
     m_first = 0;
     m_shown = shownFor(m_first, m_windowRows);
     m_coloredRecord = -1;
@@ -18,6 +18,8 @@ void TableGridModel::setRecordset(TableRecordset* recordset) {
 
 void TableGridModel::refresh() {
     beginResetModel();
+    if (m_recordset)
+        m_recordset->reload();
     m_first = 0;
     m_shown = shownFor(m_first, m_windowRows);
     m_coloredRecord = -1;
@@ -28,7 +30,7 @@ int TableGridModel::recordCount() const {
     if (!m_recordset)
         return 0;
     return static_cast<int>(
-        std::min<qint64>(m_recordset->RecordCount(), std::numeric_limits<int>::max()));
+        std::min<qint64>(m_recordset->count(), std::numeric_limits<int>::max()));
 }
 
 int TableGridModel::shownFor(int first, int rows) const {
@@ -63,23 +65,30 @@ QString TableGridModel::cellText(int record, int column) const {
     return m_recordset->row(record).value(column);
 }
 
-void TableGridModel::emitCellChanged(int record, int column) {
-    const int row = record - m_first;
-    if (record >= 0 && row >= 0 && row < m_shown && column >= 0 && column < columnCount()) {
-        const QModelIndex cell = index(row, column);
-        Q_EMIT dataChanged(cell, cell, {Qt::BackgroundRole, Qt::ForegroundRole});
+void TableGridModel::emitColorsChanged() {
+    const int row = m_coloredRecord - m_first;
+    const int last = std::min(m_coloredLast, columnCount() - 1);
+    if (m_coloredRecord >= 0 && row >= 0 && row < m_shown && m_coloredFirst <= last) {
+        Q_EMIT dataChanged(index(row, m_coloredFirst), index(row, last),
+                           {Qt::BackgroundRole, Qt::ForegroundRole});
     }
 }
 
 void TableGridModel::setCellColors(int record, int column, const QColor& back, const QColor& fore) {
-    const int previousRecord = m_coloredRecord;
-    const int previousColumn = m_coloredColumn;
+    emitColorsChanged();
     m_coloredRecord = record < 0 ? -1 : record;
-    m_coloredColumn = column;
+    m_coloredFirst = column;
+    m_coloredLast = column;
     m_back = back;
     m_fore = fore;
-    emitCellChanged(previousRecord, previousColumn);
-    emitCellChanged(m_coloredRecord, m_coloredColumn);
+    emitColorsChanged();
+}
+
+void TableGridModel::setRowColors(int record, int lastColumn, const QColor& back,
+                                  const QColor& fore) {
+    setCellColors(record, 0, back, fore);
+    m_coloredLast = lastColumn;
+    emitColorsChanged();
 }
 
 int TableGridModel::rowCount(const QModelIndex& parent) const {
@@ -91,14 +100,15 @@ int TableGridModel::rowCount(const QModelIndex& parent) const {
 int TableGridModel::columnCount(const QModelIndex& parent) const {
     if (parent.isValid() || !m_recordset)
         return 0;
-    return static_cast<int>(m_recordset->fields().size());
+    return m_recordset->columnCount();
 }
 
 QVariant TableGridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || !m_recordset)
         return {};
     const int record = m_first + index.row();
-    const bool colored = record == m_coloredRecord && index.column() == m_coloredColumn;
+    const bool colored = record == m_coloredRecord && index.column() >= m_coloredFirst &&
+                         index.column() <= m_coloredLast;
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
@@ -120,7 +130,7 @@ QVariant TableGridModel::headerData(int section, Qt::Orientation orientation, in
     if (role != Qt::DisplayRole || !m_recordset)
         return {};
     if (orientation == Qt::Horizontal)
-        return m_recordset->fields().value(section).name;
+        return m_recordset->heading(section);
     return QString(); // the fixed first column carries no text
 }
 

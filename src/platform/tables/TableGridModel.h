@@ -3,13 +3,13 @@
 #include <QAbstractTableModel>
 #include <QColor>
 
-class TableRecordset;
+class GridRows;
 
-// The records of a table as a grid: a column a field, headed by the field's name, and a row a
-// record. The rows are a window over the records: a few records from a first one that the
-// view moves, so that neither the model nor the view keeps anything for each record of the
-// table. Cells are read from the recordset only when a view asks for them. One cell, named by
-// its record, can carry colours of its own (the current cell).
+// The rows of a table as a grid: a column a field, headed by its heading, and a row a record. The
+// rows are a window over the records: a few records from a first one that the view moves, so that
+// neither the model nor the view keeps anything for each record of the table. Cells are read from
+// the recordset only when a view asks for them. One cell, named by its record, or a run of cells of
+// one record, can carry colours of its own (the current cell, a highlighted row).
 class TableGridModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -18,9 +18,8 @@ public:
 
     explicit TableGridModel(QObject* parent = nullptr);
 
-    // The records shown; none for a null recordset. The model does not own it.
-    void setRecordset(TableRecordset* recordset);
-    TableRecordset* recordset() const { return m_recordset; }
+    // The records shown; none for null. The model does not own them.
+    void setRows(GridRows* rows);
     // The recordset's order or contents changed: every row is read again, from record 0.
     void refresh();
 
@@ -39,6 +38,8 @@ public:
     // Colours of one cell, by its record and column, that stand in front of the view's own; a
     // negative record clears them.
     void setCellColors(int record, int column, const QColor& back, const QColor& fore);
+    // The same for the columns 0 to lastColumn of a record.
+    void setRowColors(int record, int lastColumn, const QColor& back, const QColor& fore);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -49,14 +50,15 @@ public:
 
 private:
     int shownFor(int first, int rows) const;
-    void emitCellChanged(int record, int column);
+    void emitColorsChanged();
 
-    TableRecordset* m_recordset = nullptr;
+    GridRows* m_recordset = nullptr;
     int m_first = 0;
     int m_windowRows = DefaultWindowRows;
     int m_shown = 0;
     int m_coloredRecord = -1;
-    int m_coloredColumn = 0;
+    int m_coloredFirst = 0;
+    int m_coloredLast = 0;
     QColor m_back;
     QColor m_fore;
 };

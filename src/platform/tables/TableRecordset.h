@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/AppError.h"
+#include "platform/tables/GridRows.h"
 #include "platform/tables/TableReader.h"
 
 #include <QList>
@@ -16,7 +17,7 @@
 // Paradox file, the path of the others) and a record source (the file name, or the table).
 // It keeps a current record and hands out the rows that are asked for, holding only a few
 // blocks of them at a time.
-class TableRecordset {
+class TableRecordset final : public GridRows {
 public:
     static constexpr qint64 BlockRows = 256;
     static constexpr int KeptBlocks = 8;
@@ -50,7 +51,12 @@ public:
     void MovePrevious();
 
     // The cells of a record as they show (dates in the locale's form); empty outside the table.
-    QStringList row(qint64 index);
+    QStringList row(qint64 index) override;
+
+    // A grid's view of the records: a column a field, headed by its name.
+    qint64 count() const override { return RecordCount(); }
+    int columnCount() const override { return int(m_def.fields.size()); }
+    QString heading(int column) const override { return m_def.fields.value(column).name; }
 
 private:
     TableRecordset() = default;

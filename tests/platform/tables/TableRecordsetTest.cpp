@@ -116,7 +116,7 @@ TEST(TableGridModel, ShowsTheFieldsAsColumnsAndTheRecordsAsRows) {
     TableGridModel model;
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     EXPECT_EQ(model.rowCount(), 0);
-    model.setRecordset(sales.get());
+    model.setRows(sales.get());
     EXPECT_EQ(model.headerData(5, Qt::Horizontal).toString(), u"NOTES"_s);
     EXPECT_FALSE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsEditable));
 
@@ -129,6 +129,6 @@ TEST(TableGridModel, ShowsTheFieldsAsColumnsAndTheRecordsAsRows) {
     model.setCellColors(-1, 0, {}, {});
     EXPECT_FALSE(model.index(2, 0).data(Qt::BackgroundRole).isValid());
 
-    model.setRecordset(nullptr);
+    model.setRows(nullptr);
     EXPECT_EQ(model.columnCount(), 0);
 }
