@@ -569,6 +569,12 @@ void ChildFrm1::Form_Activate() {
         CURFILE_NAME = caption;
         if (Image1)
             Image1->unsetCursor();
+        // While the organizer files a search's folders, the focus goes back to it.
+        const Globals& g = globals();
+        if (g.gGrpBatchOpen && g.gBatchSearch) {
+            if (QWidget* batch = WindowRegistry::find(u"GrpBatch1"_s))
+                batch->activateWindow();
+        }
         mFirstActivate = false;
     }
 

@@ -1,5 +1,6 @@
 #include "organizer/OrganizerWindows.h"
 
+#include "organizer/GrpBatch1.h"
 #include "organizer/GrpBrow1.h"
 #include "organizer/GrpClear1.h"
 #include "organizer/GrpFind.h"
@@ -24,4 +25,5 @@ void registerOrganizerWindows() {
     registerWindow<GrpFind2>();
     registerWindow<GrpBrow1>();
     registerWindow<GrpFind1>();
+    registerWindow<GrpBatch1>();
 }

@@ -1,3 +1,4 @@
+#include "organizer/OrganizerBatch.h"
 #include "organizer/OrganizerDates.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
@@ -5,7 +6,10 @@
 #include "shell/Globals.h"
 #include "support/TempFolder.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -208,6 +212,31 @@ TEST_F(Store, AnOldFileTableGetsItsCommentsOnceAndClearNeedsFiles) {
     EXPECT_FALSE(OrganizerMaintenance::ClearAllFiles(path, work));
     EXPECT_FALSE(QFile::exists(work));
     EXPECT_EQ(OrganizerMaintenance::ClearAllFiles(path, work).number(), 3021); // nothing left
+}
+
+TEST_F(Store, ABatchFilesAFoldersFilesUntilOneIsMissingAndAddsOnlyAFirstGroup) {
+    const QString path = db->path();
+    EXPECT_FALSE(OrganizerBatch::EnsureFirstGroup(path, u"Trips"_s));
+    EXPECT_FALSE(OrganizerBatch::EnsureFirstGroup(path, u"Other"_s));
+    auto groups = open(u"GroupTable"_s);
+    EXPECT_EQ(groups->RecordCount(), 1);
+    EXPECT_EQ(groups->text(u"GroupDesc"_s), u"Trips Description"_s);
+
+    QDir(dir.path()).mkdir(u"rome"_s);
+    dir.write(u"rome/a.jpg"_s, "a");
+    dir.write(u"rome/c.txt"_s, "c");
+    const OrganizerBatch::Added added = OrganizerBatch::AddFolderFilesToGroup(
+        path, u"Trips"_s, dir.file(u"rome"_s), {u"a.jpg"_s, u"gone.jpg"_s, u"c.txt"_s});
+    EXPECT_EQ(added.records, 1);
+    EXPECT_EQ(added.error.number(), 53);
+    auto files = open(u"FileTable"_s);
+    ASSERT_EQ(files->RecordCount(), 1);
+    const QDateTime written = QFileInfo(dir.file(u"rome/a.jpg"_s)).lastModified();
+    const QStringList expected{
+        u"Trips"_s, u"a.jpg"_s,   dir.file(u"rome"_s), u"a.jpg Description"_s,
+        u"rome"_s,  u"Picture"_s, QString(),           written.toString(u"yyyyMMdd"_s)};
+    for (int field = 1; field <= 8; ++field)
+        EXPECT_EQ(files->value(field).toString(), expected[field - 1]) << field;
 }
 
 TEST_F(Store, RepairRecoversTheReadableRowsOfADamagedFile) {

@@ -1,3 +1,4 @@
+#include "organizer/GrpBatch1.h"
 #include "organizer/GrpBrow1.h"
 #include "organizer/GrpClear1.h"
 #include "organizer/GrpFind.h"
@@ -7,10 +8,15 @@
 #include "platform/FlexGrid.h"
 #include "platform/SettingColor.h"
 #include "platform/imaging/PictureView.h"
+#include "shell/FindFile1.h"
 #include "shell/ShellList.h"
+#include "shell/ShellTreeModel.h"
 #include "support/MainWindowHarness.h"
+#include "support/ModalAnswer.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -265,6 +271,43 @@ private Q_SLOTS:
         QVERIFY(!browser->InSort);
         QTest::mouseClick(browser->SelectBtn, Qt::LeftButton);
         QTRY_VERIFY(MainWindowHarness::frame() && MainWindowHarness::frame()->mChildCount == 1);
+    }
+
+    void theBatchFilesEachFolderTheSearchStopsAtUnlessSkipped() {
+        QDir(h->folder().path()).mkpath(u"trip/a1"_s);
+        QDir(h->folder().path()).mkpath(u"trip/b1"_s);
+        for (const char* name : {"trip/a1/one.bmp", "trip/a1/two.bmp", "trip/b1/three.bmp"})
+            h->folder().write(QString::fromLatin1(name), "BM");
+        QVERIFY(h->window()->shellTree()->revealPath(h->folder().file(u"trip"_s)));
+        // A cancelled search leaves the window with nothing to do.
+        answerModal<FindFile1>([](FindFile1* find) { find->CancelBtn->click(); });
+        h->window()->findChild<QAction*>(u"mnuOrganizeSearch"_s)->trigger();
+        QPointer batch = qobject_cast<GrpBatch1*>(WindowRegistry::find(GrpBatch1::WindowName()));
+        QVERIFY(batch);
+        QTRY_VERIFY(batch->CMBGRP->count() > 0 && !globals().gFindFileOpen);
+        QVERIFY(!globals().gBatchSearch && !batch->OKBtn->isEnabled());
+        batch->close();
+        QTRY_VERIFY(!batch);
+
+        answerModal<FindFile1>([](FindFile1* find) {
+            find->Text1->setText(u"*.BMP"_s);
+            find->OKBtn->click();
+        });
+        h->window()->findChild<QAction*>(u"mnuOrganizeSearch"_s)->trigger();
+        batch = qobject_cast<GrpBatch1*>(WindowRegistry::find(GrpBatch1::WindowName()));
+        QVERIFY(batch);
+        QTRY_VERIFY(globals().gBatchSearch);
+        QCOMPARE(batch->CMBGRP->currentText(), u"New Group"_s);
+        QTest::mouseClick(batch->OKBtn, Qt::LeftButton); // files a1, goes to b1
+        batch->CHKSKIP->setChecked(true);
+        QTest::mouseClick(batch->OKBtn, Qt::LeftButton); // b1 skipped
+        QCOMPARE(rowsOf(u"GroupTable"_s), 1);
+        auto files = Recordset::open(database(), u"FileTable"_s).recordset;
+        QCOMPARE(files->RecordCount(), 2);
+        QCOMPARE(files->text(u"FileKeyword"_s), u"a1"_s);
+        QCOMPARE(files->text(u"GroupName"_s), u"New Group"_s);
+        batch->close();
+        QTRY_VERIFY(!globals().gGrpBatchOpen && !globals().gBatchSearch);
     }
 
     void clearOnAnEmptyTableSaysTheFilesWereNotRemoved() {
