@@ -81,9 +81,10 @@ GrpBrow1::GrpBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
         MSFlexGrid1[i] = new FlexGrid(Frame1);
         MSFlexGrid1[i]->setObjectName(u"MSFlexGrid1_%1"_s.arg(i));
         MSFlexGrid1[i]->setAccessibleName(names[i]);
-        mRows[i] = new RecordsetRows([data = Data1[i]] { return data->recordset(); }, headings[i]);
+        mRows[i] = std::make_unique<RecordsetRows>([data = Data1[i]] { return data->recordset(); },
+                                                   headings[i]);
         mModel[i] = new TableGridModel(this);
-        mModel[i]->setRows(mRows[i]);
+        mModel[i]->setRows(mRows[i].get());
         MSFlexGrid1[i]->setModel(mModel[i]);
         grids->addWidget(MSFlexGrid1[i], 1);
         grids->addWidget(Data1[i]);
@@ -150,6 +151,8 @@ GrpBrow1::GrpBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
 }
 
 GrpBrow1::~GrpBrow1() {
+    for (TableGridModel* model : mModel)
+        model->setRows(nullptr); // the rows go before the models
     globals().gGrpBrowOpen = false;
 }
 

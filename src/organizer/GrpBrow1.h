@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class FlexGrid;
 class OrganizerDataControl;
 class QGroupBox;
@@ -61,7 +63,7 @@ private:
     void setSwitchPicture(const char* bitmap);
 
     TableGridModel* mModel[2];
-    RecordsetRows* mRows[2];
+    std::unique_ptr<RecordsetRows> mRows[2];
     QString mSortText = QStringLiteral("[ID]");
     int mLastRow[2] = {1, 1};
     bool GroupRowDone = true;
