@@ -5,12 +5,16 @@
 #include "platform/tables/ExcelReader.h"
 #include "platform/tables/LotusReader.h"
 #include "platform/tables/ParadoxReader.h"
+#include "platform/tables/SqliteReader.h"
 
 TableRows::~TableRows() = default;
 TableReader::~TableReader() = default;
 
 TableReader::Opened TableReader::open(const QString& connect, const QString& path,
                                       const QString& password) {
+    // An SQLite file is one whatever its name says.
+    if (SqliteReader::isSqliteFile(path))
+        return SqliteReader::openFile(path);
     if (connect.startsWith(QLatin1String("dBASE")))
         return DbaseReader::openFile(path);
     if (connect.startsWith(QLatin1String("Paradox")))
