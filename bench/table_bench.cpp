@@ -87,7 +87,7 @@ bool runOnce(const Source& source, FlexGrid& grid, Run* run) {
                      qPrintable(opened.error.description()));
         return false;
     }
-    model->setRecordset(opened.recordset.get());
+    model->setRows(opened.recordset.get());
     grid.setRow(1);
     const QPixmap first = grid.viewport()->grab();
     run->firstScreenMs = msSince(timer);
