@@ -202,14 +202,19 @@ private Q_SLOTS:
         QCOMPARE(files->FldFileName->text(), u"notes.txt"_s);
         QCOMPARE(files->CMBGRP->currentText(), u"Beta"_s);
         QVERIFY(!files->Image1->isVisibleTo(files));
+        // A group typed by hand is stored but not remembered.
+        files->CMBGRP->setEditText(u"Typed"_s);
         QTest::mouseClick(files->SaveBtn, Qt::LeftButton);
+        QTRY_VERIFY(h->window()->shellList()->selectName(u"photo.jpg"_s));
+        QCOMPARE(files->CMBGRP->currentText(), u"Beta"_s);
         QTest::mouseClick(files->SelectBtn, Qt::LeftButton);
-        QVERIFY(h->window()->shellList()->selectName(u"photo.jpg"_s));
-        QCOMPARE(files->FldFileName->text(), u"notes.txt"_s);
+        QVERIFY(h->window()->shellList()->selectName(u"notes.txt"_s));
+        QCOMPARE(files->FldFileName->text(), u"photo.jpg"_s);
 
         // A find lands at or after its text in the order of names, here the last row.
         QTimer::singleShot(0, [] {
             auto* find = qobject_cast<GrpFind2*>(WindowRegistry::find(GrpFind2::WindowName()));
+            find->OKBtn->click(); // nothing to look for
             QTest::keyClicks(find->Text1[0], u"PH"_s);
             find->OKBtn->click();
             find->CancelBtn->click();
@@ -217,6 +222,9 @@ private Q_SLOTS:
         QTest::mouseClick(files->FindBtn, Qt::LeftButton);
         QCOMPARE(files->FldFileName->text(), u"photo.jpg"_s);
         QVERIFY(files->Image1->isVisibleTo(files));
+        QCOMPARE(h->messages().texts().last(),
+                 u"You must enter something in File Name or Search Key word to find nearest "
+                 "match in the File."_s);
         // Deleting the last row stands on the new last one, in mode "D" until the next move.
         h->messages().answer(true);
         QTest::mouseClick(files->DeleteBtn, Qt::LeftButton);
@@ -258,6 +266,11 @@ private Q_SLOTS:
         browser->List1->setCurrentRow(6); // the path keeps the order
         browser->List1_Click();
         QCOMPARE(browser->sortText(), u"[FileName]"_s);
+        // Another group puts the order back to the order of addition.
+        QTest::mouseClick(browser->SwitchBtn, Qt::LeftButton);
+        clickRow(groups, 1);
+        QCOMPARE(browser->sortText(), u"[ID]"_s);
+        QCOMPARE(browser->List1->currentRow(), 0);
 
         // Found by its search word among all files, and displayed.
         QTimer::singleShot(0, [] {
