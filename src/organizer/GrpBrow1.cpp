@@ -110,6 +110,7 @@ GrpBrow1::GrpBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
     for (const auto& [item, order] : SortItems)
         List1->addItem(tr(item));
     (new QVBoxLayout(Frame2))->addWidget(List1);
+    Frame2->setMaximumWidth(220);
     Frame2->hide();
 
     SelectBtn = button(this, "SelectBtn", tr("&Select"), tr("Select File in Group to Display"));

@@ -276,6 +276,15 @@ private Q_SLOTS:
         QCOMPARE(h->folder().read(u"testV1997.mdb"_s), before);
     }
 
+    void theOrganizersOwnFileShowsItsTwoTables() {
+        // The start made it in the program's folder.
+        ChildFrm1* child = open(u"FileTabl.MDB"_s);
+        QVERIFY(child);
+        QCOMPARE(entries(child->List1), (QStringList{u"FileTable"_s, u"GroupTable"_s, QString()}));
+        QCOMPARE(child->MSFlexGrid1->model()->columnCount(), 12);
+        QVERIFY(h->messages().texts().isEmpty());
+    }
+
     void aSecondDatabaseWindowOverwritesTheListsButNotTheFirstsFieldTypes() {
         skipWithoutShared(u"mdb/testV1997.mdb"_s);
         place(shared(u"mdb/testV1997.mdb"_s));
