@@ -180,30 +180,18 @@ void Recordset::bindKey(sqlite3_stmt* statement) const {
 }
 
 AppError Recordset::MoveFirst() {
-    m_edit = EditNone;
-    AppError error;
-    Statement statement{
-        prepare(u"SELECT * FROM "_s + quoted(m_table) + where({}) + orderBy(false) + u" LIMIT 1"_s,
-                &error)};
-    if (!statement.handle)
-        return error;
-    if (!standOn(statement.handle, &error)) {
-        if (error)
-            return error;
-        m_state = AfterLast;
-        m_values.clear();
-        return engineError(OrganizerDb::NoCurrentRecord);
-    }
-    m_state = Current;
-    m_position = 0;
-    return {};
+    return moveToEnd(false);
 }
 
 AppError Recordset::MoveLast() {
+    return moveToEnd(true);
+}
+
+AppError Recordset::moveToEnd(bool last) {
     m_edit = EditNone;
     AppError error;
     Statement statement{prepare(
-        u"SELECT * FROM "_s + quoted(m_table) + where({}) + orderBy(true) + u" LIMIT 1"_s, &error)};
+        u"SELECT * FROM "_s + quoted(m_table) + where({}) + orderBy(last) + u" LIMIT 1"_s, &error)};
     if (!statement.handle)
         return error;
     if (!standOn(statement.handle, &error)) {
@@ -214,7 +202,7 @@ AppError Recordset::MoveLast() {
         return engineError(OrganizerDb::NoCurrentRecord);
     }
     m_state = Current;
-    m_position = m_count >= 0 ? m_count - 1 : -1;
+    m_position = !last ? 0 : m_count >= 0 ? m_count - 1 : -1;
     return {};
 }
 

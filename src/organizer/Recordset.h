@@ -91,6 +91,8 @@ private:
     void bindFilter(sqlite3_stmt* statement) const;
     // Runs a query of whole rows and stands on its first row; false when it gave none.
     bool standOn(sqlite3_stmt* statement, AppError* error);
+    // Stands on the first or the last record of the order.
+    AppError moveToEnd(bool last);
     AppError moveAfter(bool forward);
     // The records before (<) or after (>) the current one in the order, and their parameters.
     QString keyCondition(const QString& comparison) const;
