@@ -247,6 +247,9 @@ private Q_SLOTS:
         FlexGrid* files = browser->MSFlexGrid1[1];
         QCOMPARE(column(groups, 1), (QStringList{u"alpha"_s, u"Beta"_s, u"O'Neil"_s}));
         QCOMPARE(column(files, 2), QStringList{u"a.txt"_s});
+        QCOMPARE(files->model()->headerData(10, Qt::Horizontal).toString(), u"Updated Time"_s);
+        QVERIFY(files->isColumnHidden(10) && files->isColumnHidden(7) && !files->isColumnHidden(9));
+        QVERIFY(qAbs(files->ColWidth(3) - 5000) < 15 && qAbs(groups->ColWidth(2) - 4000) < 15);
         QCOMPARE(groups->model()->index(0, 2).data(Qt::BackgroundRole).value<QColor>(),
                  SettingColor::toQColor(globals().gBrowserForeColor));
 
@@ -319,6 +322,9 @@ private Q_SLOTS:
         QCOMPARE(files->RecordCount(), 2);
         QCOMPARE(files->text(u"FileKeyword"_s), u"a1"_s);
         QCOMPARE(files->text(u"GroupName"_s), u"New Group"_s);
+        const QString stamp = files->text(u"DateTimeCreated"_s);
+        files->MoveNext();
+        QCOMPARE(files->text(u"DateTimeCreated"_s), stamp); // one stamp a click
         batch->close();
         QTRY_VERIFY(!globals().gGrpBatchOpen && !globals().gBatchSearch);
     }
@@ -352,6 +358,34 @@ private Q_SLOTS:
         h->messages().clear();
         h->start();
         QVERIFY(h->messages().texts().isEmpty());
+    }
+
+    void aStoreThatIsNoDatabaseOrCutShortIsToldAbout() {
+        addGroups({u"Trips"_s});
+        addFile(u"Trips"_s, u"photo.jpg"_s);
+        const QByteArray good = h->folder().read(u"FileTabl.MDB"_s);
+        const std::pair<const char*, QByteArray> damages[] = {
+            {"not a database", QByteArray(8192, 'x')}, {"cut short", good.left(4096)}};
+        for (const auto& [what, bytes] : damages) {
+            h->folder().write(u"FileTabl.MDB"_s, bytes);
+            h->messages().clear();
+            QPointer<GrpMaint> groups = openGroups();
+            QVERIFY2(groups, what);
+            QVERIFY2(h->messages().texts().value(0).startsWith(u"Data error event hit err: "_s),
+                     what);
+            groups->close();
+            QTRY_VERIFY(!groups);
+            h->messages().clear();
+            openFiles(u"notes.txt"_s);
+            QTRY_VERIFY(!globals().gGrpFlemOpen);
+            QCOMPARE(h->messages().texts().value(0).left(22), u"No Groups to contain F"_s);
+            h->window()->findChild<QAction*>(u"mnuOrganizeGroup"_s)->trigger();
+            QPointer browser =
+                qobject_cast<GrpBrow1*>(WindowRegistry::find(GrpBrow1::WindowName()));
+            QVERIFY2(browser && browser->MSFlexGrid1[0]->Rows() <= 1, what);
+            browser->close();
+            QTRY_VERIFY(!browser);
+        }
     }
 
     void everyControlOfTheWindowsHasAnAccessibleName() {
