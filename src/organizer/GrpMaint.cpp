@@ -21,6 +21,8 @@ using OrganizerWidgets::button;
 GrpMaint::GrpMaint(QWidget* parent) : QWidget(parent, Qt::Window) {
     setObjectName(WindowName());
     setAttribute(Qt::WA_DeleteOnClose);
+    // It blocks the other windows while it is open, the main window's closing among them.
+    setWindowModality(Qt::ApplicationModal);
     setWindowTitle(tr("Add and Maintain File Groups"));
 
     Frame1 = new QGroupBox(this);
