@@ -229,8 +229,3 @@ QString OrganizerDb::indexColumn(const QString& table, const QString& index) {
             return QString::fromLatin1(column);
     return {};
 }
-
-QString OrganizerDb::indexName(const QString& table, const QString& index) {
-    const QString column = indexColumn(table, index);
-    return column.isEmpty() ? QString() : table + u'_' + column;
-}

@@ -69,8 +69,6 @@ public:
     // The column names of a table in their order; empty when there is no such table.
     QStringList columns(const QString& table) const;
 
-    // The SQLite name of a table's index, from the name the windows give it; empty for none.
-    static QString indexName(const QString& table, const QString& index);
     // The column an index orders by.
     static QString indexColumn(const QString& table, const QString& index);
 
