@@ -158,7 +158,6 @@ GrpBrow1::~GrpBrow1() {
 }
 
 void GrpBrow1::openData(int index, const QString& source) {
-    Data1[index]->DatabaseName.clear();
     Data1[index]->DatabaseName = PathUtil::join(globals().gAppPath, u"FileTabl"_s);
     Data1[index]->RecordSource = source;
     Data1[index]->Refresh(); // a failure leaves the grid as it was

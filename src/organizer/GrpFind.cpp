@@ -58,7 +58,6 @@ bool GrpFind::SeekFileRow(const QString& selector) {
     OrganizerDataControl* data = target();
     if (!data)
         return false;
-    data->DatabaseName.clear();
     data->DatabaseName = PathUtil::join(globals().gAppPath, u"FileTabl"_s);
     data->RecordSource = u"FileTable"_s;
     AppError failed = data->Refresh();

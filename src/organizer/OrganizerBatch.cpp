@@ -8,6 +8,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void setFields(Recordset& rows, std::initializer_list<std::pair<const char*, QString>> fields) {
+    for (const auto& [field, value] : fields)
+        rows.setValue(QString::fromLatin1(field), value);
+}
+
+} // namespace
+
 namespace OrganizerBatch {
 
 AppError EnsureFirstGroup(const QString& database, const QString& group) {
@@ -23,14 +32,12 @@ AppError EnsureFirstGroup(const QString& database, const QString& group) {
     OrganizerDates::SetDateStamps();
     const Globals& g = globals();
     rows.AddNew();
-    const std::pair<const char*, QString> values[] = {{"GroupName", group},
-                                                      {"GroupDesc", group + u" Description"_s},
-                                                      {"Date", g.gStampDate},
-                                                      {"Time", g.gStampTime},
-                                                      {"DateTimeCreated", g.gStampFull},
-                                                      {"DateDisp", g.gStampDisplay}};
-    for (const auto& [field, value] : values)
-        rows.setValue(QString::fromLatin1(field), value);
+    setFields(rows, {{"GroupName", group},
+                     {"GroupDesc", group + u" Description"_s},
+                     {"Date", g.gStampDate},
+                     {"Time", g.gStampTime},
+                     {"DateTimeCreated", g.gStampFull},
+                     {"DateDisp", g.gStampDisplay}});
     return rows.Update();
 }
 
@@ -62,19 +69,16 @@ Added AddFolderFilesToGroup(const QString& database, const QString& group, const
         const auto [day, time] = OrganizerDates::splitAtFirstBlank(date.text);
         g.gStampDate = OrganizerDates::ToSortableDate(day);
         g.gStampTime = time;
-        const std::pair<const char*, QString> values[] = {
-            {"GroupName", group},
-            {"FileName", name},
-            {"FileLocation", folder},
-            {"FileDescription", name + u" Description"_s},
-            {"FileType", FileTypes::GetFileKindName(name)},
-            {"FileKeyword", keyword},
-            {"Date", g.gStampDate},
-            {"Time", g.gStampTime},
-            {"DateTimeCreated", g.gStampFull},
-            {"DateDisp", g.gStampDisplay}};
-        for (const auto& [field, value] : values)
-            rows.setValue(QString::fromLatin1(field), value);
+        setFields(rows, {{"GroupName", group},
+                         {"FileName", name},
+                         {"FileLocation", folder},
+                         {"FileDescription", name + u" Description"_s},
+                         {"FileType", FileTypes::GetFileKindName(name)},
+                         {"FileKeyword", keyword},
+                         {"Date", g.gStampDate},
+                         {"Time", g.gStampTime},
+                         {"DateTimeCreated", g.gStampFull},
+                         {"DateDisp", g.gStampDisplay}});
         if ((added.error = rows.Update()))
             break;
         ++added.records;

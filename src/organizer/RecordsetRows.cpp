@@ -12,13 +12,10 @@ qint64 RecordsetRows::count() const {
 
 QStringList RecordsetRows::row(qint64 index) {
     const Recordset* cursor = m_cursor();
-    if (!cursor || index < 0)
+    if (!cursor)
         return {};
-    if (m_blockFirst < 0 || index < m_blockFirst || index >= m_blockFirst + m_block.size()) {
-        m_blockFirst = index - index % BlockRows;
-        m_block = cursor->rows(m_blockFirst, BlockRows);
-    }
-    QStringList cells = m_block.value(index - m_blockFirst);
+    QStringList cells = m_block.row(
+        index, [cursor](qint64 first, int count) { return cursor->rows(first, count); });
     if (m_dateColumn >= 0 && m_dateColumn < cells.size()) {
         const QString date = cells[m_dateColumn];
         cells[m_dateColumn] = date.mid(4, 2) + u'/' + date.mid(6, 2) + u'/' + date.mid(2, 2);
@@ -27,6 +24,5 @@ QStringList RecordsetRows::row(qint64 index) {
 }
 
 void RecordsetRows::reload() {
-    m_blockFirst = -1;
     m_block.clear();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/tables/GridRows.h"
+#include "platform/tables/RowBlock.h"
 
 #include <functional>
 
@@ -28,6 +29,5 @@ private:
     std::function<Recordset*()> m_cursor;
     QStringList m_headings;
     int m_dateColumn = -1;
-    qint64 m_blockFirst = -1;
-    QList<QStringList> m_block;
+    RowBlock m_block{BlockRows};
 };

@@ -1,5 +1,6 @@
 #include "platform/tables/SqliteReader.h"
 
+#include "platform/tables/RowBlock.h"
 #include "platform/tables/SqliteCollation.h"
 
 #include <QFile>
@@ -56,30 +57,28 @@ public:
         : m_db(db), m_select(std::move(select)), m_count(count) {}
     qint64 count() const override { return m_count; }
     QStringList row(qint64 index) override {
-        if (index < 0 || index >= m_count)
+        if (index >= m_count)
             return {};
-        if (m_first < 0 || index < m_first || index >= m_first + m_block.size()) {
-            m_first = index - index % BlockRows;
-            m_block.clear();
-            Statement rows(m_db, m_select + u" LIMIT "_s + QString::number(BlockRows) +
-                                     u" OFFSET "_s + QString::number(m_first));
+        return m_block.row(index, [this](qint64 first, int count) {
+            QList<QStringList> block;
+            Statement rows(m_db, m_select + u" LIMIT "_s + QString::number(count) + u" OFFSET "_s +
+                                     QString::number(first));
             while (rows.step()) {
                 QStringList cells;
                 for (int c = 0; c < sqlite3_column_count(rows.handle); ++c)
                     cells.append(sqlite3_column_type(rows.handle, c) == SQLITE_BLOB ? QString()
                                                                                     : rows.text(c));
-                m_block.append(cells);
+                block.append(cells);
             }
-        }
-        return m_block.value(index - m_first);
+            return block;
+        });
     }
 
 private:
     sqlite3* m_db;
     QString m_select;
     qint64 m_count;
-    qint64 m_first = -1;
-    QList<QStringList> m_block;
+    RowBlock m_block{BlockRows};
 };
 
 } // namespace
