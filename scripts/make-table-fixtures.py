@@ -89,7 +89,8 @@ make_merged_workbook(out)
 
 
 def make_window_tables(folder):
-    """MANY.DBF: 5,000 records to page through; WIDE251.XLS and WIDE252.XLS: one sheet of 251
+    """MANY.DBF: 5,000 records to page through; EMPTY.DBF: a table without records;
+    WIDE251.XLS and WIDE252.XLS: one sheet of 251
     and of 252 columns, one more than a grid of the shared field lists can show."""
     many_path = os.path.join(folder, "MANY.DBF")
     if os.path.exists(many_path):
@@ -99,6 +100,10 @@ def make_window_tables(folder):
     for i in range(5000):
         many.append(("R%06d" % i, (i * 7919) % 100003))
     many.close()
+    empty_path = os.path.join(folder, "EMPTY.DBF")
+    if os.path.exists(empty_path):
+        os.remove(empty_path)
+    dbf.Table(empty_path, "NAME C(10)", dbf_type="db3").open(dbf.READ_WRITE).close()
     for columns in (251, 252):
         wide = xlwt.Workbook()
         sheet = wide.add_sheet("Wide")

@@ -8,6 +8,7 @@
 #include "shell/FileListModel.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
+#include "shell/NamedWidgets.h"
 #include "shell/Quorvane1.h"
 #include "shell/ShellList.h"
 
@@ -30,7 +31,7 @@ GrpBatch1::GrpBatch1(QWidget* parent) : QDialog(parent) {
         tr("Select Group Name, Run the Search, Click OK to add all Files in the Folder to the "
            "Group and advance to the Next Folder, or Find Next Button to advance without Adding "
            "to File Group.");
-    Label1 = OrganizerWidgets::label(this, u"Label1"_s, text);
+    Label1 = NamedWidgets::label(this, u"Label1"_s, text);
     Label1->setWordWrap(true);
     CMBGRP = new QComboBox(this);
     CMBGRP->setObjectName(u"CMBGRP"_s);
@@ -48,7 +49,7 @@ GrpBatch1::GrpBatch1(QWidget* parent) : QDialog(parent) {
     OKBtn->setToolTip(tr("Select Files in Folder to Add to Group"));
     CancelBtn->setToolTip(tr("Close Add Files to a File Group Selection Window"));
     OKBtn->setEnabled(false);
-    HelpBtn = OrganizerWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help"));
+    HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help"));
     buttons.row->addWidget(HelpBtn);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1);
@@ -78,7 +79,7 @@ void GrpBatch1::changeEvent(QEvent* event) {
 }
 
 void GrpBatch1::Form_Activate() {
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
     OrganizerDb::Opened db = OrganizerDb::open(OrganizerWidgets::databasePath());
     if (!db.error) {
         Recordset::Opened groups = Recordset::open(db.db, u"GroupTable"_s, Recordset::TableType);

@@ -1,7 +1,6 @@
 #include "organizer/GrpBrow1.h"
 
 #include "organizer/OrganizerDataControl.h"
-#include "organizer/OrganizerWidgets.h"
 #include "organizer/RecordsetRows.h"
 #include "platform/FlexGrid.h"
 #include "platform/PathUtil.h"
@@ -10,6 +9,7 @@
 #include "platform/tables/TableGridModel.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
+#include "shell/NamedWidgets.h"
 #include "shell/Quorvane1.h"
 
 #include <QEvent>
@@ -21,7 +21,7 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-using OrganizerWidgets::button;
+using NamedWidgets::button;
 
 namespace {
 
@@ -173,7 +173,7 @@ void GrpBrow1::changeEvent(QEvent* event) {
 
 void GrpBrow1::Form_Activate() {
     const Globals& g = globals();
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
     const QColor back = SettingColor::toQColor(g.gBrowserBackColor);
     const QColor fore = SettingColor::toQColor(g.gBrowserForeColor);
     for (int i = 0; i < 2; ++i) {

@@ -4,6 +4,7 @@
 #include "organizer/OrganizerWidgets.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
+#include "shell/NamedWidgets.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -16,7 +17,7 @@ GrpClear1::GrpClear1(QWidget* parent) : QDialog(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Clear all Files in the Organizer"));
     auto* layout = new QVBoxLayout(this);
-    QLabel* text = OrganizerWidgets::label(
+    QLabel* text = NamedWidgets::label(
         this, u"Label1"_s,
         tr("Click the OK Button to Remove all Files in all Groups within the File Group "
            "Organizer Database."));
@@ -27,7 +28,7 @@ GrpClear1::GrpClear1(QWidget* parent) : QDialog(parent) {
     CancelBtn = buttons.cancel;
     layout->addLayout(buttons.row);
     connect(OKBtn, &QPushButton::clicked, this, &GrpClear1::OKBtn_Click);
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
 }
 
 void GrpClear1::OKBtn_Click() {

@@ -3,13 +3,13 @@
 #include "organizer/GrpBrow1.h"
 #include "organizer/GrpFlem1.h"
 #include "organizer/OrganizerDataControl.h"
-#include "organizer/OrganizerWidgets.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/WindowRegistry.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
+#include "shell/NamedWidgets.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -26,10 +26,10 @@ GrpFind::GrpFind(const QString& name, const QString& title, QWidget* parent) : Q
     setWindowTitle(title);
     const QString texts[] = {tr("Search by File Name:"), tr("- OR -"), tr("Search by Keyword:")};
     for (int i = 0; i < 3; ++i)
-        Label1[i] = OrganizerWidgets::label(this, u"Label1_%1"_s.arg(i), texts[i]);
-    Text1[0] = OrganizerWidgets::entry(this, "Text1_0", tr("Search for File by File Name"));
-    Text1[1] = OrganizerWidgets::entry(this, "Text1_1",
-                                       tr("Search for File in Database by File Search Key Word"));
+        Label1[i] = NamedWidgets::label(this, u"Label1_%1"_s.arg(i), texts[i]);
+    Text1[0] = NamedWidgets::entry(this, "Text1_0", tr("Search for File by File Name"));
+    Text1[1] = NamedWidgets::entry(this, "Text1_1",
+                                   tr("Search for File in Database by File Search Key Word"));
     auto* grid = new QGridLayout(this);
     grid->addWidget(Label1[0], 0, 0);
     grid->addWidget(Text1[0], 0, 1);
@@ -39,7 +39,7 @@ GrpFind::GrpFind(const QString& name, const QString& title, QWidget* parent) : Q
     const DialogButtons buttons = DialogButtons::okCancel(this);
     OKBtn = buttons.ok;
     CancelBtn = buttons.cancel;
-    HelpBtn = OrganizerWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help"));
+    HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help"));
     buttons.row->addWidget(HelpBtn);
     grid->addLayout(buttons.row, 3, 0, 1, 2);
     connect(OKBtn, &QPushButton::clicked, this, &GrpFind::OKBtn_Click);
@@ -50,7 +50,7 @@ void GrpFind::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
         mFirstActivate = false;
-        OrganizerWidgets::paintWindow(this);
+        NamedWidgets::paintWindow(this);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "shell/FileTypes.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
+#include "shell/NamedWidgets.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -23,7 +24,7 @@
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
-using OrganizerWidgets::button;
+using NamedWidgets::button;
 
 namespace {
 
@@ -63,18 +64,17 @@ GrpFlem1::GrpFlem1(QWidget* parent) : QWidget(parent, Qt::Window) {
                              tr("Date Created"),
                              tr("Time Created")};
     for (int i = 0; i < 9; ++i)
-        Label1[i] = OrganizerWidgets::label(Frame1, u"Label1_%1"_s.arg(i), texts[i]);
+        Label1[i] = NamedWidgets::label(Frame1, u"Label1_%1"_s.arg(i), texts[i]);
     CMBGRP = comboBox(Frame1, "CMBGRP", tr("Group to which file belongs"));
     CMBTYPE = comboBox(Frame1, "CMBTYPE", tr("Type of File"));
     CMBTYPE->addItems(
         {tr("Database"), tr("Document"), tr("Multimedia"), tr("Picture"), tr("System")});
-    FldFileName = OrganizerWidgets::entry(Frame1, "FldFileName", tr("Name of File in Group"));
-    FldFilePath = OrganizerWidgets::entry(Frame1, "FldFilePath",
-                                          tr("Folder location or path of file in group"));
-    FldFileDesc =
-        OrganizerWidgets::entry(Frame1, "FldFileDesc", tr("Description of file in group"));
-    FldFileKeywrd = OrganizerWidgets::entry(Frame1, "FldFileKeywrd",
-                                            tr("Search word used to locate file in database"));
+    FldFileName = NamedWidgets::entry(Frame1, "FldFileName", tr("Name of File in Group"));
+    FldFilePath =
+        NamedWidgets::entry(Frame1, "FldFilePath", tr("Folder location or path of file in group"));
+    FldFileDesc = NamedWidgets::entry(Frame1, "FldFileDesc", tr("Description of file in group"));
+    FldFileKeywrd = NamedWidgets::entry(Frame1, "FldFileKeywrd",
+                                        tr("Search word used to locate file in database"));
     FldComments = new QPlainTextEdit(Frame1);
     FldComments->setObjectName(u"FldComments"_s);
     FldComments->setToolTip(tr("Enter Comment or Memo"));
@@ -173,7 +173,7 @@ void GrpFlem1::changeEvent(QEvent* event) {
 }
 
 void GrpFlem1::Form_Activate() {
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
     if (!fillGroups()) {
         Messages::instance().inform(
             tr("No Groups to contain Files - Create a new Group using the Create and Maintain "

@@ -6,6 +6,7 @@
 #include "platform/Messages.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
+#include "shell/NamedWidgets.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -16,7 +17,7 @@
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
-using OrganizerWidgets::button;
+using NamedWidgets::button;
 
 GrpMaint::GrpMaint(QWidget* parent) : QWidget(parent, Qt::Window) {
     setObjectName(WindowName());
@@ -32,10 +33,10 @@ GrpMaint::GrpMaint(QWidget* parent) : QWidget(parent, Qt::Window) {
     const QString texts[] = {tr("Enter File Group Name:"), tr("Enter File Group Description:"),
                              tr("Date and Time Created:"), tr("Date/Time")};
     for (int i = 0; i < 4; ++i)
-        Label1[i] = OrganizerWidgets::label(Frame1, u"Label1_%1"_s.arg(i), texts[i]);
-    FldGroup1 = OrganizerWidgets::entry(Frame1, "FldGroup1",
-                                        tr("Name of Group to collect files for organization"));
-    FldGrpDesc1 = OrganizerWidgets::entry(Frame1, "FldGrpDesc1", tr("Description of File Group"));
+        Label1[i] = NamedWidgets::label(Frame1, u"Label1_%1"_s.arg(i), texts[i]);
+    FldGroup1 = NamedWidgets::entry(Frame1, "FldGroup1",
+                                    tr("Name of Group to collect files for organization"));
+    FldGrpDesc1 = NamedWidgets::entry(Frame1, "FldGrpDesc1", tr("Description of File Group"));
     Data1 = new OrganizerDataControl(Frame1);
     Data1->setObjectName(u"Data1"_s);
     Data1->setAccessibleName(tr("Groups"));
@@ -97,7 +98,7 @@ void GrpMaint::changeEvent(QEvent* event) {
 }
 
 void GrpMaint::Form_Activate() {
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
     Data1->setIndex(u"GroupName"_s);
     Data1->MoveFirst();
     if (Data1->recordset() && Data1->recordset()->RecordCount() == 0) {

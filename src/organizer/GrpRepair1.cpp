@@ -5,6 +5,7 @@
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "shell/Globals.h"
+#include "shell/NamedWidgets.h"
 
 #include <QPushButton>
 #include <QRadioButton>
@@ -39,7 +40,7 @@ GrpRepair1::GrpRepair1(QWidget* parent) : QDialog(parent) {
     layout->addLayout(buttons.row);
     connect(OKBtn, &QPushButton::clicked, this, &GrpRepair1::OKBtn_Click);
     mDatabasePath = OrganizerWidgets::databasePath();
-    OrganizerWidgets::paintWindow(this);
+    NamedWidgets::paintWindow(this);
 }
 
 void GrpRepair1::OKBtn_Click() {

@@ -2,22 +2,8 @@
 
 #include <QString>
 
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QWidget;
-
-// The small pieces the organizer's windows are built of, each named, with its tip and an
-// accessible name (its caption, or its tip when it has none).
+// What the organizer's windows share beside the program's named widgets.
 namespace OrganizerWidgets {
-
-QPushButton* button(QWidget* parent, const char* name, const QString& caption, const QString& tip);
-QLabel* label(QWidget* parent, const QString& name, const QString& text);
-QLineEdit* entry(QWidget* parent, const char* name, const QString& tip);
-
-// The window's and every child's colours from the settings: buttons in the button colour,
-// entry fields and lists in the entry colours, the rest in the window colours; bold as set.
-void paintWindow(QWidget* window);
 
 // How a navigator's caption shows a share of the records.
 QString percentText(double percent);

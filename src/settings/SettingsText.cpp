@@ -33,6 +33,27 @@ QString fromNumber(double value) {
     return QString::fromLatin1(buffer, result.ptr - buffer);
 }
 
+double leadingNumber(const QString& text) {
+    qsizetype at = 0;
+    while (at < text.size() && text.at(at).isSpace())
+        ++at;
+    const qsizetype start = at;
+    if (at < text.size() && (text.at(at) == u'-' || text.at(at) == u'+'))
+        ++at;
+    bool point = false;
+    while (at < text.size()) {
+        const QChar c = text.at(at);
+        if (c == u'.' && !point)
+            point = true;
+        else if (c < u'0' || c > u'9')
+            break;
+        ++at;
+    }
+    bool ok = false;
+    const double value = text.mid(start, at - start).toDouble(&ok);
+    return ok ? value : 0.0;
+}
+
 QString fromInteger(qint64 value) {
     return QString::number(value);
 }

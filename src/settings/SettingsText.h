@@ -20,6 +20,10 @@ AppError toInt32(const QString& text, qint32& out);
 AppError toInt16(const QString& text, qint16& out);
 AppError toBool(const QString& text, bool& out);
 
+// The number a user's entry starts with, as an entry box is read: leading blanks skipped, then
+// a sign, digits and one decimal point; "5.5 in" is 5.5, and text without a number is 0.
+double leadingNumber(const QString& text);
+
 // The message for a settings file that could not be written.
 QString writeFailureMessage(const AppError& error);
 

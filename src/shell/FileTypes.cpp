@@ -218,6 +218,11 @@ qint16 GetFileFormatCode(const QString& ext) {
     return codes.value(ext, 0);
 }
 
+bool isPictureExt(const QString& ext) {
+    const int i = indexOf(extensionTable(), ext);
+    return i <= 27 || (i >= 36 && i <= 38);
+}
+
 QString GetFileKindName(const QString& name) {
     const QString ext = GetFileExt(name);
     if (ext == u"SYS"_s || ext == u"INI"_s || ext == u"BAT"_s || ext == u"DOS"_s)

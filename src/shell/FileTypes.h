@@ -53,6 +53,10 @@ bool GetFileTypeFlag(const QString& name, Globals& g, QString& mFileExt, bool& m
 // The mask of all 63 extensions, "*.JPG;*.CMP;...".
 QString CreateOpenFileExt(const QStringList& table);
 
+// Whether an extension (upper case) is one of the pictures of the table, 1-bit pictures
+// included.
+bool isPictureExt(const QString& ext);
+
 // The code of the picture format that an extension is written in; 0 for none. The match is
 // exact: "jpg" gives 0.
 qint16 GetFileFormatCode(const QString& ext);

@@ -106,7 +106,7 @@ void FindFile1::TabStrip1_Click(int tab) {
 
 void FindFile1::tellReport(const QString& text) {
     if (QWidget* print = WindowRegistry::find(u"PrntFrm1"_s)) {
-        if (auto* label = print->findChild<QLabel*>(u"Label1(0)"_s))
+        if (auto* label = print->findChild<QLabel*>(u"Label4(0)"_s))
             label->setText(text);
     }
 }

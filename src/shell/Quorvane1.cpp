@@ -3,6 +3,7 @@
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
 #include "organizer/OrganizerWindows.h"
+#include "printing/PrintingWindows.h"
 #include "shell/Quorvane1Shared.h"
 
 #include "documents/MDIForm1.h"
@@ -70,6 +71,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     setAcceptDrops(true);
     WindowRegistry::add(WindowName(), this);
     registerOrganizerWindows();
+    registerPrintingWindows();
     buildControls();
     buildMenus();
     Form_Load();

@@ -88,6 +88,9 @@ public:
     // selected folder; Find Next goes on behind the last folder found.
     void FindFileRoutine();
     void FindNext();
+    // One walk of the search with the current mask; a report's walk goes to the end of the
+    // tree and writes every folder with hits to the report's work file.
+    void SearchFunction();
     // Appends a folder with hits and its matching files to the report's work file.
     void AddReportFolder(const QString& folder, const QStringList& fileNames);
     bool searchRunning() const { return mSearchRunning; }
@@ -163,7 +166,6 @@ private:
     void mnuUtilitiesUnExpand_Click();
     void splitterDrag(int xPixelsInFrame1);
     void startSearch();
-    void SearchFunction();
 
     // State of the window
     bool mFirstActivate = true;

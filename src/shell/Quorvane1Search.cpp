@@ -111,10 +111,6 @@ void Quorvane1::SearchFunction() {
 }
 
 void Quorvane1::AddReportFolder(const QString& folder, const QStringList& fileNames) {
-    const Globals& g = globals();
-    const QString file = g.gPrintIniFile.isEmpty()
-                             ? PathUtil::join(g.gAppPath, SearchReport::fileName())
-                             : g.gPrintIniFile;
     // A failure ends the writer in silence; the search goes on.
-    SearchReport::addFolder(file, folder, fileNames);
+    SearchReport::addFolder(SearchReport::workFile(), folder, fileNames);
 }

@@ -13,6 +13,9 @@ namespace SearchReport {
 // The name of the work file in the program's folder.
 QString fileName();
 
+// The work file in use: the one the program set at start, else the one of the program folder.
+QString workFile();
+
 // Appends one folder's group to the report file, creating the file when it is missing.
 // Returns the error of a failed write; the caller may ignore it and go on searching.
 AppError addFolder(const QString& reportFile, const QString& folder, const QStringList& fileNames);

@@ -3,6 +3,7 @@
 #include "platform/tables/TableDate.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -17,9 +18,17 @@ bool tableIsAFile(const QString& connect) {
            connect.startsWith(u"Paradox"_s, Qt::CaseInsensitive);
 }
 
+// ";pwd=", with blanks around the "=" allowed.
+const QRegularExpression& passwordKey() {
+    static const QRegularExpression key(u";\\s*pwd\\s*="_s,
+                                        QRegularExpression::CaseInsensitiveOption);
+    return key;
+}
+
+// An Access database: named so, given a password, or opened without a connect string.
 bool isAccess(const QString& connect) {
-    return connect.startsWith(u"Access"_s, Qt::CaseInsensitive) ||
-           connect.contains(u";pwd="_s, Qt::CaseInsensitive);
+    return connect.isEmpty() || connect.startsWith(u"Access"_s, Qt::CaseInsensitive) ||
+           connect.contains(passwordKey());
 }
 
 QString withoutExtension(const QString& name) {
@@ -30,10 +39,10 @@ QString withoutExtension(const QString& name) {
 } // namespace
 
 QString TableRecordset::passwordOf(const QString& connect) {
-    const qsizetype at = connect.indexOf(u";pwd="_s, 0, Qt::CaseInsensitive);
-    if (at < 0)
+    const QRegularExpressionMatch at = passwordKey().match(connect);
+    if (!at.hasMatch())
         return {};
-    const qsizetype start = at + 5;
+    const qsizetype start = at.capturedEnd();
     const qsizetype end = connect.indexOf(u';', start);
     return connect.mid(start, end < 0 ? -1 : end - start);
 }
