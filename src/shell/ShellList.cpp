@@ -119,10 +119,11 @@ int ShellList::selectedCount() const {
 }
 
 QString ShellList::selectedPath() const {
-    const QModelIndexList rows = m_icons->selectionModel()->selectedRows();
-    if (rows.isEmpty())
+    // The icon views select the name's cell alone, the details view the whole row.
+    const QModelIndexList cells = m_icons->selectionModel()->selectedIndexes();
+    if (cells.isEmpty())
         return {};
-    return m_model->path(rows.constFirst().row());
+    return m_model->path(cells.constFirst().row());
 }
 
 bool ShellList::selectName(const QString& name) {

@@ -346,6 +346,8 @@ private Q_SLOTS:
         view->setStyle(&style);
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, placeOf(u"x.jpg"_s));
         QCOMPARE(globals().gCurrentFile, h->folder().file(u"x.jpg"_s));
+        // What the print and send commands take, in the icon views too.
+        QCOMPARE(h->window()->shellList()->selectedPath(), h->folder().file(u"x.jpg"_s));
         QVERIFY(!frame());
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, placeOf(u"x.jpg"_s));
         QTRY_VERIFY(frame());
