@@ -41,6 +41,8 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using NamedWidgets::button;
 using NamedWidgets::entry;
@@ -60,11 +62,15 @@ const QStringList& textExtensions() {
     return list;
 }
 
-// The size of a picture in inches: by the resolution the file records, else 96 pixels an inch.
+// The size of a picture in inches, to a ten-thousandth: by the resolution the file records,
+// else 96 pixels an inch.
 QSizeF inchesOf(const QImage& image) {
-    const double dpiX = image.dotsPerMeterX() > 0 ? image.dotsPerMeterX() * 0.0254 : 96.0;
-    const double dpiY = image.dotsPerMeterY() > 0 ? image.dotsPerMeterY() * 0.0254 : 96.0;
-    return QSizeF(image.width() / dpiX, image.height() / dpiY);
+    const auto inches = [](int pixels, int dotsPerMeter) {
+        const double dpi = dotsPerMeter > 0 ? dotsPerMeter * 0.0254 : 96.0;
+        return std::round(pixels / dpi * 10000) / 10000;
+    };
+    return QSizeF(inches(image.width(), image.dotsPerMeterX()),
+                  inches(image.height(), image.dotsPerMeterY()));
 }
 
 // The mouse pointer as an hourglass while a job runs.

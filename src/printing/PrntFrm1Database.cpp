@@ -193,7 +193,9 @@ void PrntFrm1::AllLeftBtn_Click() {
 bool PrntFrm1::printListing(PrinterSurface& surface) {
     const Globals& g = globals();
     const bool tableIsFile = FileExt == u"DBF"_s || FileExt == u"DB"_s;
-    QString table = g.gPrintFile;
+    // The main window hands a dBASE or Paradox file over by its path, a document window by its
+    // name: the table is the name either way.
+    QString table = PathUtil::nameOf(g.gPrintFile);
     QString connect = DbConnect;
     if (!tableIsFile)
         table = List3->currentItem() ? List3->currentItem()->text() : QString();
