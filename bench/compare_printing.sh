@@ -34,17 +34,22 @@ enscript_ms() {
     ms_of $(($(now) - start))
 }
 
+# One line of the table: the job's name, our RESULT line and enscript's milliseconds.
+row() {
+    local ms
+    ms=$(echo "$2" | field ms)
+    printf '%-26s %10.0f %10s %8.2f %10.1f %6s\n' "$1" "$ms" "$3" \
+        "$(awk -v a="$ms" -v b="$3" 'BEGIN { print a / b }')" \
+        "$(awk -v k="$(echo "$2" | field peak_kb)" 'BEGIN { print k / 1024 }')" \
+        "$(echo "$2" | field pages)"
+}
+
 printf '%-26s %10s %10s %8s %10s %6s\n' job ours_ms enscript_ms ratio peak_MB pages
 for n in 10000 100000; do
     /usr/bin/python3 "$here/make_dbf.py" "$dir/T$n.DBF" "$n" >/dev/null
     "$bench" records "$dir/T$n.DBF" "$dir/T$n.txt" >/dev/null
     ours=$("$bench" listing "$dir/T$n.DBF" "$dir/T$n.pdf")
-    theirs=$(enscript_ms "$dir/T$n.txt")
-    ms=$(echo "$ours" | field ms)
-    printf '%-26s %10.0f %10s %8.2f %10.1f %6s\n' "listing of $n records" "$ms" "$theirs" \
-        "$(awk -v a="$ms" -v b="$theirs" 'BEGIN { print a / b }')" \
-        "$(awk -v k="$(echo "$ours" | field peak_kb)" 'BEGIN { print k / 1024 }')" \
-        "$(echo "$ours" | field pages)"
+    row "listing of $n records" "$ours" "$(enscript_ms "$dir/T$n.txt")"
 done
 
 /usr/bin/python3 - "$dir/big.txt" <<'PY'
@@ -59,9 +64,4 @@ with open(sys.argv[1], "w") as out:
         size += len(line)
 PY
 ours=$("$bench" text "$dir/big.txt" "$dir/big.pdf")
-theirs=$(enscript_ms "$dir/big.txt")
-ms=$(echo "$ours" | field ms)
-printf '%-26s %10.0f %10s %8.2f %10.1f %6s\n' "text file of 10 MB" "$ms" "$theirs" \
-    "$(awk -v a="$ms" -v b="$theirs" 'BEGIN { print a / b }')" \
-    "$(awk -v k="$(echo "$ours" | field peak_kb)" 'BEGIN { print k / 1024 }')" \
-    "$(echo "$ours" | field pages)"
+row "text file of 10 MB" "$ours" "$(enscript_ms "$dir/big.txt")"
