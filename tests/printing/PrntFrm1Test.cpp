@@ -79,10 +79,18 @@ private Q_SLOTS:
         window->XPos->setText(u"1"_s);
         const double titleX = window->DXPos->text().toDouble();
 
+        // A PDF that cannot be written is told, and the window stays for another try.
+        const QString nowhere = h->folder().file(u"missing/page.pdf"_s);
+        h->messages().answer(nowhere);
+        window->OKBtn->click();
+        const QString portrait = u"Database Listings only support Portrait - Please use 8.5 x 11"_s;
+        QCOMPARE(boxes(), (QStringList{portrait, u"File - "_s + nowhere + u" Not Saved"_s}));
+        QVERIFY(window && window->OKBtn->isEnabled() && window->CancelBtn->isEnabled());
+        h->messages().clear();
+
         const PdfText pdf = printTo(window, u"page.pdf"_s);
         QTRY_VERIFY(!window);
-        QCOMPARE(boxes(),
-                 QStringList{u"Database Listings only support Portrait - Please use 8.5 x 11"_s});
+        QCOMPARE(boxes(), QStringList{portrait});
         QCOMPARE(PrinterChoice::printer().pageLayout().orientation(), QPageLayout::Landscape);
         QCOMPARE(pdf.pages, QList<QSizeF>{QSizeF(612, 792)});
         const PdfText::Word title = pdf.words.value(0);
