@@ -36,6 +36,8 @@ public:
                               QWidget* parent = nullptr) = 0;
     // A Yes/No question; true for Yes.
     virtual bool askYesNo(const QString& text, QWidget* parent = nullptr) = 0;
+    // A Yes/No question under a stop sign, with No as the default answer; true for Yes.
+    virtual bool askYesNoStop(const QString& text, QWidget* parent = nullptr) = 0;
     // A one-line entry proposing a text; nothing on Cancel.
     virtual std::optional<QString> askText(const QString& title, const QString& label,
                                            const QString& proposed, QWidget* parent = nullptr) = 0;

@@ -53,6 +53,13 @@ bool QtMessages::askYesNo(const QString& text, QWidget* parent) {
     return box.exec() == QMessageBox::Yes;
 }
 
+bool QtMessages::askYesNoStop(const QString& text, QWidget* parent) {
+    QMessageBox box(QMessageBox::Critical, caption(), text, QMessageBox::Yes | QMessageBox::No,
+                    parent);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 std::optional<QString> QtMessages::askText(const QString& title, const QString& label,
                                            const QString& proposed, QWidget* parent) {
     bool ok = false;

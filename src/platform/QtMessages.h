@@ -8,6 +8,7 @@ public:
     void inform(const QString& text, QWidget* parent) override;
     void informTitled(const QString& title, const QString& text, QWidget* parent) override;
     bool askYesNo(const QString& text, QWidget* parent) override;
+    bool askYesNoStop(const QString& text, QWidget* parent) override;
     std::optional<QString> askText(const QString& title, const QString& label,
                                    const QString& proposed, QWidget* parent) override;
     QString runOpenDialog(FileRequest& request, QWidget* parent) override;

@@ -4,6 +4,7 @@
 #include "organizer/OrganizerMaintenance.h"
 #include "organizer/OrganizerWindows.h"
 #include "printing/PrintingWindows.h"
+#include "sending/SendingWindows.h"
 #include "shell/Quorvane1Shared.h"
 
 #include "documents/MDIForm1.h"
@@ -72,6 +73,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     WindowRegistry::add(WindowName(), this);
     registerOrganizerWindows();
     registerPrintingWindows();
+    registerSendingWindows();
     buildControls();
     buildMenus();
     Form_Load();

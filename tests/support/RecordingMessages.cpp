@@ -48,6 +48,11 @@ bool RecordingMessages::askYesNo(const QString& text, QWidget*) {
     return next().toBool();
 }
 
+bool RecordingMessages::askYesNoStop(const QString& text, QWidget*) {
+    m_shown.append({QStringLiteral("askYesNoStop"), caption(), text, {}});
+    return next().toBool();
+}
+
 std::optional<QString> RecordingMessages::askText(const QString& title, const QString& label,
                                                   const QString& proposed, QWidget*) {
     m_shown.append({QStringLiteral("askText"), title, label, proposed});

@@ -14,8 +14,8 @@
 class RecordingMessages final : public Messages {
 public:
     struct Shown {
-        QString kind; // "inform", "askYesNo", "askText", "open", "save", "color", "font",
-                      // "printer"
+        QString kind; // "inform", "askYesNo", "askYesNoStop", "askText", "open", "save", "color",
+                      // "font", "printer"
         QString title;
         QString text;
         QString proposed;
@@ -36,6 +36,7 @@ public:
     void inform(const QString& text, QWidget* parent) override;
     void informTitled(const QString& title, const QString& text, QWidget* parent) override;
     bool askYesNo(const QString& text, QWidget* parent) override;
+    bool askYesNoStop(const QString& text, QWidget* parent) override;
     std::optional<QString> askText(const QString& title, const QString& label,
                                    const QString& proposed, QWidget* parent) override;
     QString runOpenDialog(FileRequest& request, QWidget* parent) override;
