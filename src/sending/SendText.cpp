@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QLocale>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace SendText {
@@ -32,12 +34,9 @@ std::optional<QString> addressOfHistoryLine(const QString& line) {
     if (first < 0)
         return std::nullopt;
     const qsizetype second = line.indexOf(u'-', first + 1);
-    QString piece = line.mid(first + 1, second < 0 ? -1 : second - first - 1);
-    if (piece.startsWith(u' '))
-        piece.remove(0, 1);
-    if (piece.endsWith(u' '))
-        piece.chop(1);
-    return piece;
+    // One character off each end, where the blanks of " - " stand.
+    const QString piece = line.mid(first + 1, second < 0 ? -1 : second - first - 1);
+    return piece.mid(1, piece.size() - 2);
 }
 
 QString addressEntry(const QString& name, const QString& address) {
@@ -48,12 +47,8 @@ NameAndAddress splitAddressEntry(const QString& entry) {
     const qsizetype hyphen = entry.indexOf(u'-');
     if (hyphen < 0)
         return {entry, QString()};
-    NameAndAddress parts{entry.left(hyphen), entry.mid(hyphen + 1)};
-    if (parts.name.endsWith(u' '))
-        parts.name.chop(1);
-    if (parts.address.startsWith(u' '))
-        parts.address.remove(0, 1);
-    return parts;
+    // One character off each side of the hyphen, where the blanks of " - " stand.
+    return {entry.left(std::max<qsizetype>(hyphen - 1, 0)), entry.mid(hyphen + 2)};
 }
 
 bool sendsWithFamily(const QString& extension) {

@@ -24,12 +24,13 @@ Recipients splitAddresses(const QString& text);
 
 // "file - address - date time", a line of the history.
 QString historyLine(const QString& file, const QString& address, const QDateTime& when);
-// The text between the first two hyphens of a history line, less one blank at each end;
-// nothing when the line has no hyphen.
+// The text between the first two hyphens of a history line, less the character at each end
+// (the blanks of " - "); nothing when the line has no hyphen.
 std::optional<QString> addressOfHistoryLine(const QString& line);
 
 // "name - address", an entry of an address list, and the two halves of an entry split at its
-// first hyphen (the name less its last blank, the address less its first).
+// first hyphen, less the character on each side of it (the blanks of " - "): "Anna-Lena -
+// anna@example.org" comes apart as "Ann" and "ena - anna@example.org".
 QString addressEntry(const QString& name, const QString& address);
 struct NameAndAddress {
     QString name;
