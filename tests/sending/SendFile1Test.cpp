@@ -1,14 +1,20 @@
 #include "sending/SendFile1.h"
 #include "sending/MailAddr1.h"
+#include "sending/MailLogon.h"
 #include "sending/MailSettings.h"
 #include "support/MainWindowHarness.h"
+#include "support/ModalAnswer.h"
 #include "support/SmtpServer.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 
 using namespace Qt::StringLiterals;
 
@@ -54,11 +60,19 @@ private Q_SLOTS:
 
     void twoAddressesGetAMessageEachAndTheHistoryOutlivesTheWindow() {
         SmtpServer server;
-        useServer(server);
         h->folder().write(u"photo.jpg"_s, QByteArray(70'000, 'j'));
         QPointer<SendFile1> window = openFor(u"photo.jpg"_s);
+        // Without mail settings the first send signs on through the dialog, which keeps them.
+        answerModal<MailLogon>([&server](MailLogon* logon) {
+            logon->SmtpOpt->setChecked(true);
+            logon->HostText->setText(u"127.0.0.1"_s);
+            logon->PortBox->setValue(server.port());
+            logon->SecurityBox->setCurrentIndex(int(MailSettings::Security::None));
+            logon->OKBtn->click();
+        });
         QCOMPARE(send(window, u"ann@example.org\nbo@example.org"_s),
                  QStringList{u"File successfully sent to E-Mail Program"_s});
+        QCOMPARE(MailSettings::load(MailLogon::settingsPath())->port, server.port());
         const QList<SmtpServer::Received> got = server.received();
         QCOMPARE(got.size(), 2);
         for (const SmtpServer::Received& r : got) {
@@ -110,6 +124,35 @@ private Q_SLOTS:
         QCOMPARE(send(window, u"ann@example.org"_s),
                  QStringList{u"File did not send successfully to E-Mail Program"_s});
         QCOMPARE(window->List1->count(), 1); // the line of the send before, none for this one
+        window->close();
+    }
+
+    void aWrongAddressIsCorrectedFirstAndTheDesktopMailerGetsEveryFile() {
+        // A stand-in for xdg-email that writes down its arguments, one a line.
+        QDir(h->folder().path()).mkdir(u"bin"_s);
+        h->folder().write(u"bin/xdg-email"_s,
+                          u"#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done >> '%1'\n"_s
+                              .arg(h->folder().file(u"calls"_s))
+                              .toUtf8());
+        QFile::setPermissions(h->folder().file(u"bin/xdg-email"_s),
+                              QFile::ReadOwner | QFile::ExeOwner);
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", h->folder().file(u"bin"_s).toUtf8() + ':' + path);
+        h->folder().write(u"a.png"_s, "png");
+        QPointer<SendFile1> window = openFor(u"a.png"_s);
+        window->CHKCOMP->setChecked(true);
+        h->messages().answer(u"bo@example.org"_s);
+        const QStringList said = send(window, u"bo at example\nann@example.org"_s);
+        qputenv("PATH", path);
+        QCOMPARE(said.last(), u"File successfully sent to E-Mail Program"_s);
+        QCOMPARE(h->messages().shown().first().kind, u"askText"_s);
+        const QStringList file{u"--attach"_s, h->folder().file(u"a.png"_s)};
+        const QStringList head{u"--subject"_s, u"Send File from me@example.org"_s, u"--body"_s,
+                               u"Here it is"_s};
+        QCOMPARE(QString::fromUtf8(bytesOf(h->folder().file(u"calls"_s)))
+                     .split(u'\n', Qt::SkipEmptyParts),
+                 head + file + QStringList{u"bo@example.org"_s} + head + file +
+                     QStringList{u"ann@example.org"_s});
         window->close();
     }
 
