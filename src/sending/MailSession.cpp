@@ -6,6 +6,7 @@
 #include <QMimeDatabase>
 #include <QRegularExpression>
 #include <QSysInfo>
+#include <QTemporaryFile>
 
 #include <vmime/platforms/posix/posixHandler.hpp>
 #include <vmime/security/cert/defaultCertificateVerifier.hpp>
@@ -188,7 +189,26 @@ QString MailSession::send(const MailMessage& message) {
                 vmime::word(utf8(file.fileName()), vmime::charsets::UTF_8));
             builder.appendAttachment(attachment);
         }
-        d->transport->send(builder.construct());
+        // The message is written out to a spool file first and sent from there, so that no
+        // transport holds a whole message (with its files) in memory.
+        QTemporaryFile spool(QDir::temp().filePath(u"quorvane-mail-XXXXXX"_s));
+        if (!spool.open())
+            return QObject::tr("Cannot write the message to %1").arg(QDir::tempPath());
+        const std::string spoolPath = utf8(spool.fileName());
+        {
+            std::ofstream out(spoolPath, std::ios::binary | std::ios::trunc);
+            vmime::utility::outputStreamAdapter adapter(out);
+            builder.construct()->generate(adapter);
+            out.flush();
+            if (!out)
+                return QObject::tr("Cannot write the message to %1").arg(QDir::tempPath());
+        }
+        std::ifstream in(spoolPath, std::ios::binary);
+        vmime::utility::inputStreamAdapter data(in);
+        vmime::mailboxList recipients;
+        recipients.appendMailbox(vmime::make_shared<vmime::mailbox>(utf8(message.to)));
+        d->transport->send(vmime::mailbox(utf8(oneLine(message.from))), recipients, data,
+                           size_t(QFileInfo(spool.fileName()).size()));
         return {};
     } catch (const vmime::exception& e) {
         const QString why = QString::fromStdString(e.what());

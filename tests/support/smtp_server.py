@@ -55,7 +55,8 @@ def serve(args):
     needs_login = bool(args.login or args.refuse_login)
     controller = Controller(Handler(), hostname="127.0.0.1", port=port,
                             authenticator=authenticator if needs_login else None,
-                            auth_required=needs_login, auth_require_tls=False)
+                            auth_required=needs_login, auth_require_tls=False,
+                            data_size_limit=None)
     controller.start()
     print("ready", port, flush=True)
     sys.stdin.read()
