@@ -30,6 +30,13 @@ QString oneLine(QString text) {
     return text.replace(u'\r', u' ').replace(u'\n', u' ');
 }
 
+// A mailbox parsed from its text, so that its address has its local part and its domain.
+vmime::shared_ptr<vmime::mailbox> mailboxOf(const QString& text) {
+    auto box = vmime::make_shared<vmime::mailbox>();
+    box->parse(utf8(oneLine(text)));
+    return box;
+}
+
 // Ends every wait on the server after a number of seconds of silence.
 class Timeout final : public vmime::net::timeoutHandler {
 public:
@@ -168,9 +175,11 @@ QString MailSession::send(const MailMessage& message) {
         return QObject::tr("Not a mail address: %1").arg(oneLine(message.to));
     try {
         vmime::messageBuilder builder;
-        builder.setExpeditor(vmime::mailbox(utf8(oneLine(message.from))));
+        const vmime::shared_ptr<vmime::mailbox> from = mailboxOf(message.from);
+        const vmime::shared_ptr<vmime::mailbox> recipient = mailboxOf(message.to);
+        builder.setExpeditor(*from);
         vmime::addressList to;
-        to.appendAddress(vmime::make_shared<vmime::mailbox>(utf8(message.to)));
+        to.appendAddress(recipient);
         builder.setRecipients(to);
         builder.setSubject(vmime::text(utf8(oneLine(message.subject)), vmime::charsets::UTF_8));
         builder.getTextPart()->setCharset(vmime::charsets::UTF_8);
@@ -206,9 +215,9 @@ QString MailSession::send(const MailMessage& message) {
         std::ifstream in(spoolPath, std::ios::binary);
         vmime::utility::inputStreamAdapter data(in);
         vmime::mailboxList recipients;
-        recipients.appendMailbox(vmime::make_shared<vmime::mailbox>(utf8(message.to)));
-        d->transport->send(vmime::mailbox(utf8(oneLine(message.from))), recipients, data,
-                           size_t(QFileInfo(spool.fileName()).size()));
+        recipients.appendMailbox(recipient);
+        d->transport->send(*from, recipients, data, size_t(QFileInfo(spool.fileName()).size()),
+                           nullptr, *from);
         return {};
     } catch (const vmime::exception& e) {
         const QString why = QString::fromStdString(e.what());
