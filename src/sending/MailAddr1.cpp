@@ -54,10 +54,7 @@ int chooseContact(QWidget* parent, const QList<VCardFile::Contact>& contacts) {
 
 // Appends a line to a box of the send window.
 void appendLine(QPlainTextEdit* box, const QString& line) {
-    QString text = box->toPlainText();
-    if (!text.isEmpty() && !text.endsWith(u'\n'))
-        text += u'\n';
-    box->setPlainText(text + line + u'\n');
+    box->setPlainText(SendText::withLine(box->toPlainText(), line));
 }
 
 } // namespace

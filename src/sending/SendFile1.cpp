@@ -302,13 +302,8 @@ void SendFile1::List1_Click() {
     QListWidgetItem* item = List1->currentItem();
     if (!item)
         return;
-    if (const std::optional<QString> address = SendText::addressOfHistoryLine(item->text())) {
-        QString text = CMBSENDTO->toPlainText();
-        // The box shows its lines with line feeds; the address goes on a line of its own.
-        if (!text.isEmpty() && !text.endsWith(u'\n'))
-            text += u'\n';
-        CMBSENDTO->setPlainText(text + *address + u'\n');
-    }
+    if (const std::optional<QString> address = SendText::addressOfHistoryLine(item->text()))
+        CMBSENDTO->setPlainText(SendText::withLine(CMBSENDTO->toPlainText(), *address));
 }
 
 void SendFile1::ClearBtn_Click() {

@@ -22,6 +22,11 @@ Recipients splitAddresses(const QString& text) {
     return result;
 }
 
+QString withLine(const QString& text, const QString& line) {
+    const bool ended = text.isEmpty() || text.endsWith(u'\n');
+    return text + (ended ? QString() : u"\n"_s) + line + u'\n';
+}
+
 QString historyLine(const QString& file, const QString& address, const QDateTime& when) {
     const QLocale locale = QLocale::system();
     return file + u" - "_s + address + u" - "_s +

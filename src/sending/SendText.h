@@ -22,6 +22,9 @@ struct Recipients {
 };
 Recipients splitAddresses(const QString& text);
 
+// The text of a box of lines with one more line at its end.
+QString withLine(const QString& text, const QString& line);
+
 // "file - address - date time", a line of the history.
 QString historyLine(const QString& file, const QString& address, const QDateTime& when);
 // The text between the first two hyphens of a history line, less the character at each end
