@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSize>
 #include <QString>
 
 // The readers and writers behind ImageCodec, one for each library. Each fills `image` and `bits`
@@ -16,8 +17,9 @@ struct Result {
     AppError error;
 };
 
-// libjpeg-turbo for JPEG.
-Result readJpeg(const QByteArray& bytes);
+// libjpeg-turbo for JPEG. With `atLeast` given, the picture is decoded scaled down at the DCT
+// level by the largest of the library's factors that still covers that size.
+Result readJpeg(const QByteArray& bytes, QSize atLeast = QSize());
 // ImageMagick, with the coder named (e.g. "PCX", "SUN", "PICT"); the first frame only.
 Result readWithMagick(const QByteArray& bytes, const char* coder);
 // The same from the file, for formats that ImageMagick hands to another program.

@@ -4,6 +4,8 @@
 #include <sys/mman.h>
 #include <turbojpeg.h>
 
+#include <algorithm>
+
 #include <cstring>
 #include <utility>
 
@@ -101,7 +103,7 @@ namespace ImageReaders {
 // JPEG through libjpeg-turbo's TurboJPEG interface, decoded straight into the picture's memory.
 // CMYK and YCCK streams come out as CMYK in the same four bytes a pixel and are turned into RGB
 // where they lie.
-Result readJpeg(const QByteArray& bytes) {
+Result readJpeg(const QByteArray& bytes, QSize atLeast) {
     Result result;
     result.error = AppError(ImageCodec::ReadFailed);
     tjhandle handle = tjInitDecompress();
@@ -121,6 +123,28 @@ Result readJpeg(const QByteArray& bytes) {
     if (!withinLimits(width, height)) {
         tjDestroy(handle);
         return result;
+    }
+    if (atLeast.isValid()) {
+        // The smallest scaled size that still covers the size asked for, in the picture's
+        // proportions.
+        const QSize need = QSize(width, height)
+                               .scaled(atLeast, Qt::KeepAspectRatio)
+                               .boundedTo(QSize(width, height));
+        int count = 0;
+        const tjscalingfactor* factors = tjGetScalingFactors(&count);
+        int bestWidth = width;
+        int bestHeight = height;
+        for (int i = 0; i < count; ++i) {
+            const int w = TJSCALED(width, factors[i]);
+            const int h = TJSCALED(height, factors[i]);
+            if (w >= need.width() && h >= need.height() &&
+                qint64(w) * h < qint64(bestWidth) * bestHeight) {
+                bestWidth = w;
+                bestHeight = h;
+            }
+        }
+        width = bestWidth;
+        height = bestHeight;
     }
     const bool gray = colorspace == TJCS_GRAY;
     const bool cmyk = colorspace == TJCS_CMYK || colorspace == TJCS_YCCK;
