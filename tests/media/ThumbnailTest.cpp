@@ -1,7 +1,10 @@
 #include "media/ThumbnailCache.h"
+#include "media/ThumbnailGenerator.h"
 #include "media/ThumbnailMaker.h"
 #include "support/TempFolder.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -85,4 +88,36 @@ TEST_F(ThumbnailFixture, EveryDepthOfTheTableHoldsNoMoreColoursThanItsBits) {
         EXPECT_LE(colours.size(), bits >= 24 ? 4096u : (1u << std::min(bits, 16))) << bits;
         EXPECT_GE(colours.size(), bits == 1 ? 2u : 4u) << bits;
     }
+}
+
+TEST_F(ThumbnailFixture, AFolderIsDeliveredExtensionByExtensionAndAStopAnswersAtOnce) {
+    for (const char* name : {"b.tif", "a.TIF", "z.jpg", "c.JPG", "notes.txt"})
+        pictures.writePicture(QString::fromLatin1(name));
+    ThumbnailGenerator generator;
+    QStringList delivered;
+    QList<int> ends;
+    QObject::connect(&generator, &ThumbnailGenerator::made,
+                     [&](const QString& path, const QImage&, bool) {
+                         delivered.append(QFileInfo(path).fileName());
+                         if (delivered.size() == 3)
+                             generator.stop();
+                     });
+    QObject::connect(&generator, &ThumbnailGenerator::finished, [&](int end) { ends.append(end); });
+    const auto run = [&](const QString& folder) {
+        delivered.clear();
+        ends.clear();
+        generator.start(folder, {kBox, 24, {u"JPG"_s, u"TIF"_s}});
+        QElapsedTimer waited;
+        waited.start();
+        while (ends.isEmpty() && waited.elapsed() < 20000)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    };
+    run(pictures.path());
+    EXPECT_EQ(delivered, (QStringList{u"c.JPG"_s, u"z.jpg"_s, u"a.TIF"_s}));
+    EXPECT_EQ(ends, QList<int>{ThumbnailGenerator::Stopped});
+
+    TempFolder empty;
+    run(empty.path());
+    EXPECT_TRUE(delivered.isEmpty());
+    EXPECT_EQ(ends, QList<int>{ThumbnailGenerator::NothingMatched});
 }
