@@ -3,6 +3,7 @@
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
 #include "organizer/OrganizerWindows.h"
+#include "media/MediaWindows.h"
 #include "printing/PrintingWindows.h"
 #include "sending/SendingWindows.h"
 #include "shell/Quorvane1Shared.h"
@@ -74,6 +75,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerOrganizerWindows();
     registerPrintingWindows();
     registerSendingWindows();
+    registerMediaWindows();
     buildControls();
     buildMenus();
     Form_Load();

@@ -1,0 +1,8 @@
+#include "media/MediaWindows.h"
+
+#include "media/ThumBrow1.h"
+#include "platform/WindowRegistry.h"
+
+void registerMediaWindows() {
+    WindowRegistry::setFactory(ThumBrow1::WindowName(), [] { return new ThumBrow1; });
+}
