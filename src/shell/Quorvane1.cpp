@@ -1,9 +1,9 @@
 #include "shell/Quorvane1.h"
 
+#include "media/MediaWindows.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
 #include "organizer/OrganizerWindows.h"
-#include "media/MediaWindows.h"
 #include "printing/PrintingWindows.h"
 #include "sending/SendingWindows.h"
 #include "shell/Quorvane1Shared.h"
