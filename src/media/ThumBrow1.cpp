@@ -44,7 +44,6 @@ ThumBrow1::ThumBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
     ImagList1->setViewMode(QListView::IconMode);
     ImagList1->setMovement(QListView::Static);
     ImagList1->setResizeMode(QListView::Adjust);
-    ImagList1->setUniformItemSizes(true);
     ImagList1->setWordWrap(true);
     List1 = new QListWidget(this);
     List1->setObjectName(u"List1"_s);
@@ -97,7 +96,12 @@ void ThumBrow1::Form_Activate() {
     WidgetPaint::paint(Label1, g.gWindowBackColor, g.gWindowForeColor);
     for (QPushButton* b : {OKBtn, StopBtn, CancelBtn, HelpBtn})
         WidgetPaint::paint(b, g.gButtonColor, g.gWindowForeColor);
-    WidgetPaint::paint(ImagList1, g.gThumbBackColor, g.gThumbForeColor);
+    // Names in the list's own colour would not be seen: they take black or white then.
+    const QColor back = SettingColor::toQColor(g.gThumbBackColor);
+    const qint32 fore = g.gThumbForeColor != g.gThumbBackColor ? g.gThumbForeColor
+                        : back.lightness() < 128               ? 0xFFFFFF
+                                                               : 0;
+    WidgetPaint::paint(ImagList1, g.gThumbBackColor, fore);
     QPalette palette = ImagList1->palette();
     const QColor selection = SettingColor::toQColor(g.gSelectionItemColor);
     if (palette.color(QPalette::Highlight) != selection) {
@@ -107,7 +111,7 @@ void ThumBrow1::Form_Activate() {
     const QSize box(int(g.gThumbWidth), int(g.gThumbHeight));
     if (ImagList1->iconSize() != box) {
         ImagList1->setIconSize(box);
-        ImagList1->setGridSize(box + QSize(24, 2 * fontMetrics().height() + 8));
+        ImagList1->setGridSize(box + QSize(24, 3 * fontMetrics().height()));
     }
     if (mFirstActivate) {
         mFirstActivate = false;
