@@ -1,8 +1,10 @@
 #include "media/MediaWindows.h"
 
+#include "media/ProPert1.h"
 #include "media/ThumBrow1.h"
 #include "platform/WindowRegistry.h"
 
 void registerMediaWindows() {
     WindowRegistry::setFactory(ThumBrow1::WindowName(), [] { return new ThumBrow1; });
+    WindowRegistry::setFactory(ProPert1::WindowName(), [] { return new ProPert1; });
 }

@@ -1,4 +1,4 @@
 #pragma once
 
-// Makes the thumbnail browser known by name to the windows that open it.
+// Makes the thumbnail browser and the file properties known by name to the windows that open it.
 void registerMediaWindows();

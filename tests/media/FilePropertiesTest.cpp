@@ -1,0 +1,44 @@
+#include "media/FileProperties.h"
+#include "support/TempFolder.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(FileProperties, FormatAndFieldNamesAsWritten) {
+    EXPECT_EQ(FileProperties::GetFormatName(86), u"Tagged Image File LZW Compressed Forma"_s);
+    EXPECT_EQ(FileProperties::GetFormatName(17), u"Tagged Image File LZW Compressed Format"_s);
+    EXPECT_EQ(FileProperties::GetFormatName(42), u"Unknown format"_s);
+    EXPECT_EQ(FileProperties::GetFieldTypeName(12), u"Memo Field"_s);
+    EXPECT_EQ(FileProperties::GetFieldTypeName(13), QString());
+}
+
+TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
+    TempFolder folder;
+    const struct {
+        const char* name;
+        const char* make; // ImageMagick's recipe
+        const char* format;
+    } cases[] = {
+        {"g.png", "gradient:red-blue", "Portable Network Graphics"},
+        {"b.bmp", "pattern:checkerboard", "Bitmap Format"},
+        {"j.jpg", "gradient:white-black", "JPEG File Interchange Format"},
+    };
+    for (const auto& c : cases) {
+        const QString path = folder.file(QString::fromLatin1(c.name));
+        QProcess::execute(u"convert"_s,
+                          {u"-size"_s, u"60x40"_s, QString::fromLatin1(c.make), path});
+        QProcess identify;
+        identify.start(u"identify"_s, {u"-format"_s, u"%w %h %k"_s, path});
+        identify.waitForFinished();
+        const QStringList seen = QString::fromLatin1(identify.readAllStandardOutput()).split(u' ');
+        const FileProperties::Picture p = FileProperties::pictureOf(path);
+        ASSERT_TRUE(p.read) << c.name;
+        EXPECT_EQ(QString::number(p.width), seen.value(0)) << c.name;
+        EXPECT_EQ(QString::number(p.height), seen.value(1)) << c.name;
+        EXPECT_EQ(QString::number(p.colors), seen.value(2)) << c.name;
+        EXPECT_EQ(FileProperties::GetFormatName(p.format), QString::fromLatin1(c.format)) << c.name;
+    }
+}
