@@ -1,4 +1,5 @@
 #pragma once
 
-// Makes the thumbnail browser and the file properties known by name to the windows that open it.
+// Makes the thumbnail browser, the file properties and the player known by name to the windows that
+// open it.
 void registerMediaWindows();

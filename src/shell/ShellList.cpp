@@ -118,12 +118,15 @@ int ShellList::selectedCount() const {
     return m_icons->selectionModel()->selectedRows().size();
 }
 
+int ShellList::selectedIndex() const {
+    const QModelIndexList cells = m_icons->selectionModel()->selectedIndexes();
+    return cells.isEmpty() ? -1 : cells.constFirst().row();
+}
+
 QString ShellList::selectedPath() const {
     // The icon views select the name's cell alone, the details view the whole row.
-    const QModelIndexList cells = m_icons->selectionModel()->selectedIndexes();
-    if (cells.isEmpty())
-        return {};
-    return m_model->path(cells.constFirst().row());
+    const int row = selectedIndex();
+    return row < 0 ? QString() : m_model->path(row);
 }
 
 bool ShellList::selectName(const QString& name) {

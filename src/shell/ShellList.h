@@ -28,6 +28,8 @@ public:
     int selectedCount() const;
     // Path of the selected entry, or an empty text.
     QString selectedPath() const;
+    // The position of the selected entry in the list, from 0; -1 when none is selected.
+    int selectedIndex() const;
     // Selects the entry of a name in the current folder; false when it is not listed.
     bool selectName(const QString& name);
     FileListModel* model() const { return m_model; }
