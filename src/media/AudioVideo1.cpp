@@ -266,10 +266,10 @@ void AudioVideo1::resizeEvent(QResizeEvent* event) {
     Frame1->resize(std::max(px(w - 260), 1), std::max(px(h - 1400), 1));
     if (ActiveMovie1->isVisible())
         ActiveMovie1->resize(std::max(px(w - 800), 1), std::max(px(h - 1750), 1));
-    PositionBar->setGeometry(px(225), Frame1->height() - px(330),
-                             std::max(Frame1->width() - px(1500), 1), px(240));
-    TimeLabel->setGeometry(Frame1->width() - px(1200), Frame1->height() - px(330), px(1100),
-                           px(240));
+    // The position bar and the time under the picture, inside the frame.
+    const int barTop = Frame1->height() - px(330);
+    PositionBar->setGeometry(px(150), barTop, std::max(Frame1->width() - px(1750), 1), px(240));
+    TimeLabel->setGeometry(Frame1->width() - px(1500), barTop, px(1400), px(240));
     const double factors[] = {0.95, 0.62, 0.28};
     int i = 0;
     for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
