@@ -121,6 +121,10 @@ AudioVideo1::AudioVideo1(QWidget* parent) : QWidget(parent, Qt::Window) {
 }
 
 AudioVideo1::~AudioVideo1() {
+    // The media pipeline lets go of the picture area and the clip before they go.
+    player->stop();
+    player->setVideoOutput(nullptr);
+    player->setSource(QUrl());
     globals().gAudioVideoOpen = false;
 }
 
