@@ -71,7 +71,8 @@ private Q_SLOTS:
                           {u"-loglevel"_s, u"error"_s, u"-y"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
                            u"testsrc=duration=3:size=160x120:rate=25"_s, u"-c:v"_s, u"mpeg1video"_s,
                            h->folder().file(u"clip.mpg"_s)});
-        for (const QString& name : {u"tone.wav"_s, u"tone.mp3"_s, u"clip.mpg"_s}) {
+        h->folder().write(u"list.m3u"_s, "#EXTM3U\r\ntone.mp3\r\n");
+        for (const QString& name : {u"tone.wav"_s, u"tone.mp3"_s, u"clip.mpg"_s, u"list.m3u"_s}) {
             QPointer<AudioVideo1> window = play(h->folder().file(name));
             QTRY_VERIFY(!window->NewFileWaiting);
             QCOMPARE(window->player->playbackState(), QMediaPlayer::StoppedState);
