@@ -21,15 +21,18 @@ TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
         const char* name;
         const char* make; // ImageMagick's recipe
         const char* format;
+        const char* depth; // bits of each sample
+        int bits;          // of each pixel
     } cases[] = {
-        {"g.png", "gradient:red-blue", "Portable Network Graphics"},
-        {"b.bmp", "pattern:checkerboard", "Bitmap Format"},
-        {"j.jpg", "gradient:white-black", "JPEG File Interchange Format"},
+        {"g.png", "plasma:", "Portable Network Graphics", "8", 24},
+        {"b.bmp", "pattern:checkerboard", "Bitmap Format", "8", 24},
+        {"j.jpg", "gradient:white-black", "JPEG File Interchange Format", "8", 8},
+        {"deep.tif", "gradient:red-blue", "Tagged Image File Format", "16", 48},
     };
     for (const auto& c : cases) {
         const QString path = folder.file(QString::fromLatin1(c.name));
-        QProcess::execute(u"convert"_s,
-                          {u"-size"_s, u"60x40"_s, QString::fromLatin1(c.make), path});
+        QProcess::execute(u"convert"_s, {u"-size"_s, u"60x40"_s, QString::fromLatin1(c.make),
+                                         u"-depth"_s, QString::fromLatin1(c.depth), path});
         QProcess identify;
         identify.start(u"identify"_s, {u"-format"_s, u"%w %h %k"_s, path});
         identify.waitForFinished();
@@ -40,5 +43,17 @@ TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
         EXPECT_EQ(QString::number(p.height), seen.value(1)) << c.name;
         EXPECT_EQ(QString::number(p.colors), seen.value(2)) << c.name;
         EXPECT_EQ(FileProperties::GetFormatName(p.format), QString::fromLatin1(c.format)) << c.name;
+        EXPECT_EQ(p.bits, c.bits) << c.name;
     }
+    // A PCX of one bit a pixel in one plane, as netpbm writes it (ImageMagick writes 24 bits).
+    const QString pbm = folder.file(u"mono.pbm"_s);
+    QProcess::execute(u"convert"_s, {u"-size"_s, u"60x40"_s, u"pattern:gray50"_s, pbm});
+    QProcess pcx;
+    pcx.setStandardOutputFile(folder.file(u"mono.pcx"_s));
+    pcx.start(u"ppmtopcx"_s, {pbm});
+    pcx.waitForFinished();
+    const FileProperties::Picture mono = FileProperties::pictureOf(folder.file(u"mono.pcx"_s));
+    EXPECT_EQ(mono.bits, 1);
+    EXPECT_EQ(mono.colors, 2);
+    EXPECT_EQ(FileProperties::GetFormatName(mono.format), u"ZSoft PCX"_s);
 }

@@ -90,6 +90,11 @@ int bitsOf(const QImage& image) {
         return 8;
     case QImage::Format_Grayscale16:
         return 16;
+    case QImage::Format_RGBX64:
+        return 48;
+    case QImage::Format_RGBA64:
+    case QImage::Format_RGBA64_Premultiplied:
+        return image.hasAlphaChannel() ? 64 : 48;
     default:
         return image.hasAlphaChannel() ? 32 : 24;
     }

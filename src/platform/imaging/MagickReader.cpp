@@ -5,6 +5,8 @@
 
 #include <Magick++.h>
 
+#include <algorithm>
+
 #include <mutex>
 
 namespace {
@@ -23,23 +25,29 @@ void initializeMagick() {
     });
 }
 
+// The bits a pixel takes in the file: the bits of each sample (16 in a deep TIFF) times the
+// samples of the pixel, or the size of a palette's index.
 int bitsOfMagick(const Magick::Image& image) {
+    const int depth = std::clamp(static_cast<int>(image.depth()), 1, 16);
+    if (image.classType() == MagickCore::PseudoClass && image.colorMapSize() > 0)
+        return image.colorMapSize() <= 2 ? 1 : image.colorMapSize() <= 16 ? 4 : 8;
     switch (image.type()) {
     case Magick::BilevelType:
         return 1;
     case Magick::GrayscaleType:
+        return depth;
     case Magick::GrayscaleMatteType:
-        return 8;
+        return 2 * depth;
     case Magick::PaletteType:
     case Magick::PaletteMatteType:
         return image.colorMapSize() <= 2 ? 1 : image.colorMapSize() <= 16 ? 4 : 8;
     case Magick::TrueColorMatteType:
     case Magick::ColorSeparationType:
-        return 32;
+        return 4 * depth;
     case Magick::ColorSeparationMatteType:
-        return 40;
+        return 5 * depth;
     default:
-        return 24;
+        return 3 * depth;
     }
 }
 
