@@ -1,8 +1,10 @@
 #include "media/ProPert1.h"
+#include "documents/Login.h"
 #include "support/MainWindowHarness.h"
 #include "support/ModalAnswer.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -14,13 +16,15 @@ class ProPert1Test : public QObject {
 
 private:
     std::unique_ptr<MainWindowHarness> h;
+    QString fields; // the field list the window showed last
 
     // The values the window shows for a file, row by row, as "name value".
-    QStringList rowsFor(const QString& name) {
+    QStringList rowsFor(const QString& name, const QString& caller = u"F"_s) {
         globals().gOpenFile = h->folder().file(name);
-        globals().gCallerTag = u"F"_s;
+        globals().gCallerTag = caller;
         QStringList rows;
-        answerModal<ProPert1>([&rows](ProPert1* window) {
+        answerModal<ProPert1>([this, &rows](ProPert1* window) {
+            fields = window->Text1->toPlainText();
             for (int i = 1; i <= 9; ++i) {
                 if (!window->Label1[size_t(i)]->isHidden())
                     rows.append(window->Label1[size_t(i)]->text() + u' ' +
@@ -55,6 +59,21 @@ private Q_SLOTS:
         rowsFor(u"unknown.xyz"_s);
         QCOMPARE(h->messages().texts(),
                  QStringList{u"Cannot determine File Properties for this type of File"_s});
+    }
+
+    void aProtectedAccessTableShowsAccessAndItsFields() {
+        QFile::copy(QStringLiteral(QUORVANE_SHARED_FIXTURES "/mdb/V2003_with-password.mdb"),
+                    h->folder().file(u"locked.mdb"_s));
+        answerModal<Login>([](Login* login) {
+            login->txtPassword->setText(u"password"_s);
+            login->OKbtn->click();
+        });
+        QVERIFY(h->openDocument(u"locked.mdb"_s));
+        const QStringList rows = rowsFor(u"locked.mdb"_s, u"M"_s);
+        QCOMPARE(rows.value(0), u"File Type: Access"_s);
+        QCOMPARE(rows.value(2), u"Current Table: Table1"_s);
+        QCOMPARE(rows.value(3), u"Record Count: 3"_s);
+        QVERIFY2(fields.startsWith(u"ID - Long Integer - 4\nData - Text - "_s), qPrintable(fields));
     }
 };
 
