@@ -1,4 +1,5 @@
 #include "media/ThumBrow1.h"
+#include "media/ThumbnailGenerator.h"
 #include "media/ThumbnailMaker.h"
 #include "support/MainWindowHarness.h"
 
@@ -7,6 +8,8 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +55,35 @@ private Q_SLOTS:
         window->ImagList1_Click(2);
         QTRY_VERIFY(h->frame() && h->frame()->mChildCount == 1);
         QCOMPARE(h->frame()->activeChild()->windowTitle(), h->folder().file(u"b.tif"_s));
+    }
+
+    void stopKeepsWhatWasMadeAnotherRunReadsItFromTheCacheAndCancelCloses() {
+        for (int i = 0; i < 40; ++i)
+            h->folder().writePicture(u"p%1.png"_s.arg(i, 2, 10, QChar(u'0')), QSize(400, 300));
+        QPointer<ThumBrow1> window = open();
+        int fromCache = 0;
+        bool stopOnFirst = true;
+        connect(window->Thumb1, &ThumbnailGenerator::made, this,
+                [&](const QString&, const QImage&, bool cached) {
+                    fromCache += cached ? 1 : 0;
+                    if (std::exchange(stopOnFirst, false))
+                        window->StopBtn->click();
+                });
+        QTRY_VERIFY(!window->Busy && window->mCount > 0);
+        const int made = window->mCount;
+        QVERIFY(made < 40);
+        window->ImagList1_Click(0);
+        QTRY_VERIFY(h->frame() && h->frame()->mChildCount == 1);
+
+        window->OKBtn->click();
+        QTRY_VERIFY(!window->Busy);
+        QCOMPARE(window->mCount, 40);
+        // What was made before the stop, and what was being made ahead, comes from the cache.
+        QVERIFY(fromCache >= made);
+
+        connect(window->Thumb1, &ThumbnailGenerator::made, window->CancelBtn, &QPushButton::click);
+        window->OKBtn->click();
+        QTRY_VERIFY(!window);
     }
 
     void aFolderWithoutPicturesSaysSoAndCancelCloses() {
