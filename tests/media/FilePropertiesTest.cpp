@@ -1,6 +1,7 @@
 #include "media/FileProperties.h"
 #include "support/TempFolder.h"
 
+#include <QFileInfo>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -56,4 +57,38 @@ TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
     EXPECT_EQ(mono.bits, 1);
     EXPECT_EQ(mono.colors, 2);
     EXPECT_EQ(FileProperties::GetFormatName(mono.format), u"ZSoft PCX"_s);
+}
+
+TEST(FileProperties, TheSharedSamplesHaveTheSizeAndColoursImageMagickFindsInThem) {
+    const QString root = QStringLiteral(QUORVANE_SHARED_FIXTURES);
+    // Samples ImageMagick reads; the vector pictures and the cursor with transparent pixels are
+    // left out of the colour count (another renderer, colours under full transparency).
+    const struct {
+        const char* file;
+        bool colours;
+    } cases[] = {
+        {"dcx/input.dcx", true},        {"iff/testcard_indexed4_amiga.iff", true},
+        {"ico/python.ico", true},       {"mac/header.mac", true},
+        {"pbm/input_p4.pbm", true},     {"pcd/hopper.pcd", true},
+        {"pcx/input.pcx", true},        {"psd/input.psd", true},
+        {"ras/hopper.ras", true},       {"tga/input.tga", true},
+        {"tif/g4-multi.tiff", true},    {"xpm/input.xpm", true},
+        {"cur/deerstalker.cur", false}, {"wmf/clock.wmf", false},
+    };
+    for (const auto& c : cases) {
+        const QString path = root + u'/' + QString::fromLatin1(c.file);
+        if (!QFileInfo::exists(path))
+            continue;
+        QProcess identify;
+        identify.start(u"identify"_s, {u"-format"_s, u"%w %h %k"_s, path + u"[0]"_s});
+        identify.waitForFinished(60000);
+        const QStringList seen = QString::fromLatin1(identify.readAllStandardOutput()).split(u' ');
+        const FileProperties::Picture p = FileProperties::pictureOf(path);
+        ASSERT_TRUE(p.read) << c.file;
+        EXPECT_EQ(QString::number(p.width), seen.value(0)) << c.file;
+        EXPECT_EQ(QString::number(p.height), seen.value(1)) << c.file;
+        if (c.colours) {
+            EXPECT_EQ(QString::number(p.colors), seen.value(2).trimmed()) << c.file;
+        }
+    }
 }

@@ -6,6 +6,7 @@
 #include <Magick++.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include <mutex>
 
@@ -25,10 +26,12 @@ void initializeMagick() {
     });
 }
 
-// The bits a pixel takes in the file: the bits of each sample (16 in a deep TIFF) times the
-// samples of the pixel, or the size of a palette's index.
-int bitsOfMagick(const Magick::Image& image) {
-    const int depth = std::clamp(static_cast<int>(image.depth()), 1, 16);
+// The bits a pixel takes in the file: the bits of each sample times the samples of the pixel,
+// or the size of a palette's index. Only TIFF and Photoshop files store samples of 16 bits;
+// ImageMagick reports its own 16-bit depth for some others (Sun raster, metafiles).
+int bitsOfMagick(const Magick::Image& image, const char* coder) {
+    const bool deep = std::strcmp(coder, "TIFF") == 0 || std::strcmp(coder, "PSD") == 0;
+    const int depth = std::clamp(static_cast<int>(image.depth()), 1, deep ? 16 : 8);
     if (image.classType() == MagickCore::PseudoClass && image.colorMapSize() > 0)
         return image.colorMapSize() <= 2 ? 1 : image.colorMapSize() <= 16 ? 4 : 8;
     switch (image.type()) {
@@ -92,7 +95,7 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
         const qint64 height = image.rows();
         if (width <= 0 || height <= 0 || !withinLimits(width, height))
             return result;
-        const int bits = bitsOfMagick(image);
+        const int bits = bitsOfMagick(image, coder);
         // The pixels are handed out as RGBA whatever the colour space, so inks (a CMYK JPEG,
         // TIFF or PSD) are turned into sRGB first.
         if (image.colorSpace() == Magick::CMYKColorspace ||
