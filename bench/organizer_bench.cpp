@@ -7,6 +7,7 @@
 // Run: bench_organizer FOLDER [--runs=N]
 // Prints medians of N runs (5 unless told) and one line "RESULT key=value ..." for scripts.
 
+#include "BenchMeasure.h"
 #include "organizer/GrpBrow1.h"
 #include "organizer/OrganizerBatch.h"
 #include "organizer/Recordset.h"
@@ -20,7 +21,6 @@
 #include <QProcess>
 
 #include <sqlite3.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -34,21 +34,6 @@ constexpr int Records = 1'000'000;
 constexpr int Groups = 1'000;
 constexpr int BigGroupRecords = 100'000;
 constexpr int BatchFiles = 10'000;
-
-long peakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
-double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-double msSince(const QElapsedTimer& timer) {
-    return double(timer.nsecsElapsed()) / 1e6;
-}
 
 QString groupName(int g) {
     return u"Group %1"_s.arg(g, 4, 10, QChar(u'0'));

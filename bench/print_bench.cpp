@@ -6,6 +6,7 @@
 // Prints one line "RESULT ms=... peak_kb=... pages=...". bench/compare_printing.sh runs them
 // beside enscript and ps2pdf.
 
+#include "BenchMeasure.h"
 #include "documents/TextLoader.h"
 #include "platform/PathUtil.h"
 #include "platform/tables/TableRecordset.h"
@@ -21,20 +22,12 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
-#include <sys/resource.h>
-
 #include <cstdio>
 #include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-long peakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
 
 TableRecordset::Opened openTable(const QString& path) {
     return TableRecordset::open(u"dBASE 5.0;"_s, PathUtil::folderOf(path), PathUtil::nameOf(path));
@@ -105,7 +98,6 @@ int main(int argc, char** argv) {
     const int pages = mode == u"listing"_s ? listing(args[2], args[3])
                       : mode == u"text"_s  ? text(args[2], args[3])
                                            : records(args[2], args[3]);
-    std::printf("RESULT ms=%.1f peak_kb=%ld pages=%d\n", double(timer.nsecsElapsed()) / 1e6,
-                peakKilobytes(), pages);
+    std::printf("RESULT ms=%.1f peak_kb=%ld pages=%d\n", msSince(timer), peakKilobytes(), pages);
     return pages < 0 ? 1 : 0;
 }

@@ -9,6 +9,7 @@
 // With ROOT, searches that folder as it is; otherwise makes the tree and removes it after.
 // The last line, "RESULT key=value ...", is for scripts.
 
+#include "BenchMeasure.h"
 #include "shell/SearchReport.h"
 #include "shell/SearchWalk.h"
 #include "shell/ShellNamespace.h"
@@ -19,7 +20,6 @@
 #include <QTemporaryDir>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,23 +36,12 @@ namespace {
 
 constexpr int FanOut = 20;
 
-long peakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
 long residentKilobytes() {
     QFile statm(u"/proc/self/statm"_s);
     if (!statm.open(QIODevice::ReadOnly))
         return 0;
     const QList<QByteArray> fields = statm.readAll().split(' ');
     return fields.size() > 1 ? fields[1].toLong() * (sysconf(_SC_PAGESIZE) / 1024) : 0;
-}
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 // Folder n (1 .. folders - 1) lies in folder (n - 1) / FanOut, 0 being the root: 20 folders at
@@ -141,7 +130,7 @@ WalkRun runWalk(const QString& root, const QString& reportFile) {
     request.toReport = true;
     request.initial = 1e9; // no question before the end of the tree
     const SearchWalk::Result result = SearchWalk::run(tree, request, host);
-    run.ms = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    run.ms = msSince(timer);
     run.growthKb = residentKilobytes() - before;
     run.files = host.files;
     run.nodes = tree.count();
@@ -169,7 +158,7 @@ FindRun runFind(const QString& root) {
     while (std::fgets(line, sizeof line, pipe))
         ++run.files;
     ::pclose(pipe);
-    run.ms = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    run.ms = msSince(timer);
     return run;
 }
 

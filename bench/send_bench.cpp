@@ -2,12 +2,11 @@
 // window does: bench_sending PORT FILE COUNT. Prints "RESULT ms=... peak_kb=...".
 // bench/compare_sending.sh runs it beside curl uploading the same messages.
 
+#include "BenchMeasure.h"
 #include "sending/MailSession.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-
-#include <sys/resource.h>
 
 #include <cstdio>
 
@@ -43,9 +42,6 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    std::printf("RESULT ms=%.1f peak_kb=%ld\n", double(timer.nsecsElapsed()) / 1e6,
-                usage.ru_maxrss);
+    std::printf("RESULT ms=%.1f peak_kb=%ld\n", msSince(timer), peakKilobytes());
     return 0;
 }

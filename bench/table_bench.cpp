@@ -8,6 +8,7 @@
 // Prints the first run and the median of N runs (5 unless told) of each, then one line
 // "RESULT key=value ..." for scripts.
 
+#include "BenchMeasure.h"
 #include "platform/FlexGrid.h"
 #include "platform/tables/TableGridModel.h"
 #include "platform/tables/TableRecordset.h"
@@ -16,8 +17,6 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QPixmap>
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -37,21 +36,6 @@ struct Source {
     QString databaseName;
     QString recordSource;
 };
-
-long peakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
-double median(std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-double msSince(const QElapsedTimer& timer) {
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 // The cells a grid shows, read back through the model's window of rows on screen, so that a
 // run that painted nothing or the wrong rows is seen.

@@ -7,6 +7,7 @@
 // peak_kb=...".
 // bench/compare_thumbnails.sh makes the photos and runs it cold and warm beside vipsthumbnail.
 
+#include "BenchMeasure.h"
 #include "media/ThumbnailGenerator.h"
 
 #include <QCoreApplication>
@@ -15,8 +16,6 @@
 #include <QTimer>
 
 #include <algorithm>
-
-#include <sys/resource.h>
 
 #include <cstdio>
 
@@ -37,7 +36,7 @@ int main(int argc, char** argv) {
     int count = 0;
     QObject::connect(&generator, &ThumbnailGenerator::made, [&] {
         if (first < 0)
-            first = double(timer.nsecsElapsed()) / 1e6;
+            first = msSince(timer);
         ++count;
     });
     QObject::connect(&generator, &ThumbnailGenerator::finished, &app, &QCoreApplication::quit);
@@ -51,10 +50,7 @@ int main(int argc, char** argv) {
     tick.start(10);
     generator.start(app.arguments().at(1), {QSize(115, 115), 16, extensions});
     app.exec();
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
     std::printf("RESULT first_ms=%.1f all_ms=%.1f count=%d max_gap_ms=%lld peak_kb=%ld\n", first,
-                double(timer.nsecsElapsed()) / 1e6, count, static_cast<long long>(maxGap),
-                usage.ru_maxrss);
+                msSince(timer), count, static_cast<long long>(maxGap), peakKilobytes());
     return 0;
 }

@@ -4,7 +4,6 @@
 #include "platform/PathUtil.h"
 #include "platform/TextFile.h"
 #include "platform/Twips.h"
-#include "platform/WidgetPaint.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
 #include "shell/NamedWidgets.h"
@@ -136,11 +135,7 @@ void AudioVideo1::changeEvent(QEvent* event) {
 
 void AudioVideo1::Form_Activate() {
     Globals& g = globals();
-    WidgetPaint::paint(this, g.gWindowBackColor, g.gWindowForeColor);
-    WidgetPaint::paint(Frame1, g.gWindowBackColor, g.gWindowForeColor);
-    WidgetPaint::paint(Label1, g.gWindowBackColor, g.gWindowForeColor);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        WidgetPaint::paint(b, g.gButtonColor, g.gWindowForeColor);
+    NamedWidgets::paintWindow(this);
     if (NewFileWaiting) {
         Label1->setText(g.gOpenFile);
         setWindowTitle(tr("Play - ") + g.gOpenFile);

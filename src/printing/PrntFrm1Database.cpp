@@ -12,6 +12,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -30,11 +31,6 @@ namespace {
 
 // Tables that are the system's own or hidden.
 constexpr quint32 kSystemOrHidden = 0x80000002u;
-
-QString withoutExtension(const QString& name) {
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot >= 0 ? name.left(dot) : name;
-}
 
 QListWidget* list(QWidget* parent, const char* name, const QString& caption, const QString& tip) {
     auto* l = new QListWidget(parent);
@@ -135,15 +131,15 @@ void PrntFrm1::fillFieldList(const QString& chosen) {
     if (opened.error)
         return;
     const QString wanted = !chosen.isEmpty() ? chosen
-                           : tableIsFile ? withoutExtension(globals().gPrintFile.section(u'/', -1))
-                                         : globals().gPrintListItem;
+                           : tableIsFile     ? QFileInfo(globals().gPrintFile).completeBaseName()
+                                             : globals().gPrintListItem;
     const bool fillTables = chosen.isEmpty();
     for (const TableDef& def : opened.reader->tableDefs()) {
         const QString name =
-            tableIsFile && chosen.isEmpty() ? withoutExtension(def.name) : def.name;
-        const bool match = FileExt == u"WK4"_s && chosen.isEmpty()
-                               ? true
-                               : name.compare(wanted, Qt::CaseInsensitive) == 0;
+            tableIsFile && chosen.isEmpty() ? QFileInfo(def.name).completeBaseName() : def.name;
+        // A Lotus file's tables all count; the others match by name.
+        const bool match = (FileExt == u"WK4"_s && chosen.isEmpty()) ||
+                           name.compare(wanted, Qt::CaseInsensitive) == 0;
         if (match && def.attributes == 0) {
             for (const TableField& field : def.fields)
                 List1->addItem(field.name);
