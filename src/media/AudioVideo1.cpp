@@ -116,6 +116,8 @@ AudioVideo1::AudioVideo1(QWidget* parent) : QWidget(parent, Qt::Window) {
         if (s == QMediaPlayer::EndOfMedia)
             playNextOfList();
     });
+    // A clip the pipeline refuses ends in silence: the player stops, the window stays.
+    connect(player, &QMediaPlayer::errorOccurred, player, &QMediaPlayer::stop);
     globals().gAudioVideoOpen = true;
 }
 

@@ -81,6 +81,18 @@ private Q_SLOTS:
             window->CancelBtn->click();
             QTRY_VERIFY(!window);
         }
+        // A clip the player refuses leaves it silent, without a word, its buttons there.
+        h->folder().write(u"broken.wav"_s, QByteArray("RIFF\x24\0\0\0WAVEjunkjunkjunk", 24));
+        const int said = h->messages().texts().size();
+        QPointer<AudioVideo1> refused = play(h->folder().file(u"broken.wav"_s));
+        QTRY_VERIFY(!refused->NewFileWaiting);
+        refused->OKBtn->click();
+        QTRY_VERIFY(refused->player->error() != QMediaPlayer::NoError);
+        QCOMPARE(refused->player->playbackState(), QMediaPlayer::StoppedState);
+        QVERIFY(refused->OKBtn->isEnabled() && refused->CancelBtn->isEnabled());
+        QCOMPARE(h->messages().texts().size(), said);
+        refused->CancelBtn->click();
+        QTRY_VERIFY(!refused);
         // A kind the player does not know opens it and leaves it idle.
         h->folder().write(u"notes.abc"_s, "x");
         QPointer<AudioVideo1> window = play(h->folder().file(u"notes.abc"_s));

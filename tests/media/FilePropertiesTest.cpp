@@ -29,10 +29,12 @@ TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
         {"b.bmp", "pattern:checkerboard", "Bitmap Format", "8", 24},
         {"j.jpg", "gradient:white-black", "JPEG File Interchange Format", "8", 8},
         {"deep.tif", "gradient:red-blue", "Tagged Image File Format", "16", 48},
+        {"deep.png", "gradient:black-white", "Portable Network Graphics", "16", 16},
     };
     for (const auto& c : cases) {
         const QString path = folder.file(QString::fromLatin1(c.name));
-        QProcess::execute(u"convert"_s, {u"-size"_s, u"60x40"_s, QString::fromLatin1(c.make),
+        // Taller than 256 rows, so that a gradient of 16-bit samples has more colours than 8 bits.
+        QProcess::execute(u"convert"_s, {u"-size"_s, u"20x600"_s, QString::fromLatin1(c.make),
                                          u"-depth"_s, QString::fromLatin1(c.depth), path});
         QProcess identify;
         identify.start(u"identify"_s, {u"-format"_s, u"%w %h %k"_s, path});
@@ -61,19 +63,29 @@ TEST(FileProperties, PicturesReportWhatImageMagickSeesInThem) {
 
 TEST(FileProperties, TheSharedSamplesHaveTheSizeAndColoursImageMagickFindsInThem) {
     const QString root = QStringLiteral(QUORVANE_SHARED_FIXTURES);
-    // Samples ImageMagick reads; the vector pictures and the cursor with transparent pixels are
-    // left out of the colour count (another renderer, colours under full transparency).
+    // The vector picture is left out of the colour count (another renderer), and so is the
+    // cursor: its fully transparent pixels count as one colour here, while ImageMagick counts
+    // the colours stored under them.
     const struct {
         const char* file;
+        const char* format;
+        int bits;
         bool colours;
     } cases[] = {
-        {"dcx/input.dcx", true},        {"iff/testcard_indexed4_amiga.iff", true},
-        {"ico/python.ico", true},       {"mac/header.mac", true},
-        {"pbm/input_p4.pbm", true},     {"pcd/hopper.pcd", true},
-        {"pcx/input.pcx", true},        {"psd/input.psd", true},
-        {"ras/hopper.ras", true},       {"tga/input.tga", true},
-        {"tif/g4-multi.tiff", true},    {"xpm/input.xpm", true},
-        {"cur/deerstalker.cur", false}, {"wmf/clock.wmf", false},
+        {"dcx/input.dcx", "ZSoft PCX", 24, true},
+        {"iff/testcard_indexed4_amiga.iff", "Interchange File Format", 4, true},
+        {"ico/python.ico", "Windows Icon Format", 32, true},
+        {"mac/header.mac", "MacPaint File Format", 1, true},
+        {"pbm/input_p4.pbm", "Portable Network Graphics", 1, true},
+        {"pcd/hopper.pcd", "Kodak PhotoCD Format", 24, true},
+        {"pcx/input.pcx", "ZSoft PCX", 24, true},
+        {"psd/input.psd", "Photoshop 3.0 Format", 24, true},
+        {"ras/hopper.ras", "Sun Raster Format", 24, true},
+        {"tga/input.tga", "Truevision TGA Format", 24, true},
+        {"tif/g4-multi.tiff", "Tagged Image File Format", 1, true},
+        {"xpm/input.xpm", "XBitMap Monochrome Bitmap", 8, true},
+        {"cur/deerstalker.cur", "Windows Cursor Format", 32, false},
+        {"wmf/clock.wmf", "Meta File Format", 32, false},
     };
     for (const auto& c : cases) {
         const QString path = root + u'/' + QString::fromLatin1(c.file);
@@ -85,6 +97,8 @@ TEST(FileProperties, TheSharedSamplesHaveTheSizeAndColoursImageMagickFindsInThem
         const QStringList seen = QString::fromLatin1(identify.readAllStandardOutput()).split(u' ');
         const FileProperties::Picture p = FileProperties::pictureOf(path);
         ASSERT_TRUE(p.read) << c.file;
+        EXPECT_EQ(FileProperties::GetFormatName(p.format), QString::fromLatin1(c.format)) << c.file;
+        EXPECT_EQ(p.bits, c.bits) << c.file;
         EXPECT_EQ(QString::number(p.width), seen.value(0)) << c.file;
         EXPECT_EQ(QString::number(p.height), seen.value(1)) << c.file;
         if (c.colours) {

@@ -62,6 +62,20 @@ TEST_F(ThumbnailFixture, AThumbnailIsMadeOnceThenReadFromTheCacheUntilThePicture
     EXPECT_FALSE(ThumbnailMaker::make(photo, kBox, 24).fromCache);
 }
 
+TEST_F(ThumbnailFixture, ACacheThatCannotBeWrittenStillGivesThumbnails) {
+    // A file where the cache folder should be: no folder can be made under it, even as root.
+    cache.write(u"blocked"_s, "x");
+    qputenv("XDG_CACHE_HOME", cache.file(u"blocked"_s).toUtf8());
+    pictures.writePicture(u"photo.png"_s, QSize(400, 300));
+    for (int run = 0; run < 2; ++run) {
+        const ThumbnailMaker::Made made =
+            ThumbnailMaker::make(pictures.file(u"photo.png"_s), kBox, 24);
+        EXPECT_FALSE(made.error);
+        EXPECT_FALSE(made.fromCache);
+        EXPECT_EQ(made.image.size(), QSize(115, 86));
+    }
+}
+
 TEST_F(ThumbnailFixture, LargeDamagedOrMissingFilesGetNoThumbnailAndDamageIsRemembered) {
     pictures.write(u"huge.bmp"_s, QByteArray(ThumbnailMaker::SizeLimit + 1, 'B'));
     pictures.write(u"broken.jpg"_s, QByteArray("\xFF\xD8\xFF\xE0garbage", 12));

@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QImageReader>
 #include <QImageWriter>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -140,6 +141,31 @@ ImageCodec::Reader ImageCodec::readerFor(const QString& extension) {
 
 namespace {
 
+// The bit planes an ILBM picture stores, from its BMHD chunk; 0 when the file has none, or
+// when it holds hold-and-modify pixels, whose planes do not count its colours.
+int ilbmPlanes(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray head = file.read(4096);
+    if (!head.startsWith("FORM") || head.mid(8, 4) != "ILBM")
+        return 0;
+    int planes = 0;
+    for (qsizetype at = 12; at + 8 <= head.size();) {
+        const QByteArray id = head.mid(at, 4);
+        const quint32 size = qFromBigEndian<quint32>(head.constData() + at + 4);
+        if (id == "BMHD" && at + 17 <= head.size())
+            planes = static_cast<quint8>(head.at(at + 16));
+        else if (id == "CAMG" && at + 12 <= head.size() &&
+                 (qFromBigEndian<quint32>(head.constData() + at + 8) & 0x800) != 0)
+            return 0;
+        else if (id == "BODY")
+            break;
+        at += 8 + qsizetype(size) + (size & 1);
+    }
+    return planes;
+}
+
 // The picture read as a file of the extension says.
 ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     ImageReaders::Result result;
@@ -147,7 +173,7 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
     auto fromBytes = [&path](auto&& reader) {
         AppError readError;
         const QByteArray bytes = readBytes(path, readError);
-        return readError ? ImageReaders::Result{{}, 0, readError} : reader(bytes);
+        return readError ? ImageReaders::Result{{}, 0, 0, readError} : reader(bytes);
     };
     switch (ImageCodec::readerFor(extension)) {
     case ImageCodec::Reader::Qt:
@@ -180,6 +206,9 @@ ImageReaders::Result decodeAs(const QString& path, const QString& extension) {
         // IFF is read by ImageMagick through netpbm's ilbmtoppm, which needs the file itself.
         if (extension == u"IFF"_s) {
             result = ImageReaders::readWithMagickFile(path, "ILBM");
+            // The converter hands out RGB; the file's own depth is its count of bit planes.
+            if (const int planes = ilbmPlanes(path); planes > 0 && !result.error)
+                result.bits = planes;
             break;
         }
         const char* coder = magickCoders().value(extension);
@@ -255,6 +284,7 @@ ImageCodec::Picture ImageCodec::decode(const QString& path) {
     }
     picture.image = std::move(result.image);
     picture.bitsPerPixel = result.bits;
+    picture.deepColors = result.deepColors;
     picture.error = result.error;
     return picture;
 }

@@ -25,7 +25,8 @@ public:
 
     struct Picture {
         QImage image;
-        int bitsPerPixel = 0; // of the picture as stored
+        int bitsPerPixel = 0;  // of the picture as stored
+        qint64 deepColors = 0; // colours of 16-bit samples, which the image holds in 8 bits
         qint64 diskSize = 0;
         AppError error;
     };

@@ -14,6 +14,9 @@ namespace ImageReaders {
 struct Result {
     QImage image;
     int bits = 0;
+    // Distinct colours at the file's own sample depth, when its samples are deeper than the
+    // 8 bits the image holds (0 otherwise: count them in the image).
+    qint64 deepColors = 0;
     AppError error;
 };
 

@@ -115,6 +115,8 @@ Result readMagick(const QByteArray* bytes, const QString& path, const char* code
                 memcpy(decoded.scanLine(y), pixels.constData() + y * width * 4, width * 4);
         }
         result.bits = bits;
+        if (image.depth() > 8 && bits > 8)
+            result.deepColors = static_cast<qint64>(image.totalColors());
         result.image = decoded.hasAlphaChannel() && image.matte()
                            ? decoded
                            : decoded.convertToFormat(QImage::Format_RGB32);
