@@ -31,6 +31,10 @@ QString fileName() {
     return u"Colors.INI"_s;
 }
 
+const std::array<qint32 ColorSettings::*, LineCount>& roles() {
+    return kLines;
+}
+
 void setDefaults(ColorSettings& colors, OptionSettings& options) {
     const qint32 thumbBack = colors.gThumbBackColor;
     const qint32 thumbFore = colors.gThumbForeColor;

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
+
 // Colors.INI: the 19 colour roles, one decimal integer a line.
 namespace ColorsFile {
 
@@ -23,6 +25,8 @@ void setDefaults(ColorSettings& colors, OptionSettings& options);
 QString load(const QString& path, ColorSettings& colors);
 
 QStringList toLines(const ColorSettings& colors);
+// The roles in the order of the file's lines.
+const std::array<qint32 ColorSettings::*, LineCount>& roles();
 
 // Replaces the file; the old file stays whole when writing fails.
 AppError save(const QString& path, const ColorSettings& colors);

@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QToolButton>
 
 namespace NamedWidgets {
 
@@ -41,8 +42,10 @@ void paintWindow(QWidget* window) {
     const Globals& g = globals();
     WidgetPaint::paint(window, g.gWindowBackColor, g.gWindowForeColor, g.gBoldType);
     for (QWidget* child : window->findChildren<QWidget*>()) {
-        if (qobject_cast<QAbstractButton*>(child))
+        if (qobject_cast<QPushButton*>(child) || qobject_cast<QToolButton*>(child))
             WidgetPaint::paint(child, g.gButtonColor, g.gWindowForeColor, g.gBoldType);
+        else if (qobject_cast<QAbstractButton*>(child)) // check boxes and option buttons
+            WidgetPaint::paint(child, g.gWindowBackColor, g.gWindowForeColor, g.gBoldType);
         else if (qobject_cast<QLineEdit*>(child) || qobject_cast<QPlainTextEdit*>(child) ||
                  qobject_cast<QTextEdit*>(child) || qobject_cast<QComboBox*>(child))
             WidgetPaint::paint(child, g.gEntryBackColor, g.gEntryForeColor, g.gBoldType);

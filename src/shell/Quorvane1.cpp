@@ -6,6 +6,7 @@
 #include "organizer/OrganizerWindows.h"
 #include "printing/PrintingWindows.h"
 #include "sending/SendingWindows.h"
+#include "settings/SettingsWindows.h"
 #include "shell/Quorvane1Shared.h"
 
 #include "documents/MDIForm1.h"
@@ -17,6 +18,7 @@
 #include "platform/WindowRegistry.h"
 #include "settings/ColorsFile.h"
 #include "settings/OptionsFile.h"
+#include "settings/OptionsForm.h"
 #include "settings/SettingsText.h"
 #include "shell/FileTypes.h"
 #include "shell/FindFile1.h"
@@ -76,6 +78,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerPrintingWindows();
     registerSendingWindows();
     registerMediaWindows();
+    registerSettingsWindows();
     buildControls();
     buildMenus();
     Form_Load();
@@ -184,6 +187,18 @@ void Quorvane1::InitExplore() {
     CMBFILEFLTR->setGeometry(listOnClient.x(), CMBFILEFLTR->y(), PTxShList1->width(),
                              CMBFILEFLTR->height());
     g.gSeparatorPercent = static_cast<int>(100 * mTreeRatio);
+}
+
+void Quorvane1::setPaneShares(int separatorPercent) {
+    const OptionsForm::PaneShares shares = OptionsForm::sharesOf(separatorPercent);
+    mTreeRatio = shares.tree;
+    mListRatio = shares.list;
+    const double frameWidth = tw(Frame1->width());
+    PTxShTree1->resize(std::max(0, px(frameWidth * mTreeRatio)), PTxShTree1->height());
+    const double listWidth = frameWidth * mListRatio;
+    PTxShList1->resize(std::max(0, px(listWidth - 0.055 * listWidth)), PTxShList1->height());
+    Frame5->move(px(tw(PTxShTree1->x()) + tw(PTxShTree1->width()) + 25), Frame5->y());
+    PTxShList1->move(px(tw(Frame5->x()) + 25), PTxShList1->y());
 }
 
 void Quorvane1::applyLayout(const MainLayout::Geometry& g) {

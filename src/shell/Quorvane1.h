@@ -116,6 +116,18 @@ public:
     void setMenuChecked(const char* name, bool checked);
     // Chooses a row of the file filter list, which filters the file list.
     void setFilterRow(int row);
+    int filterRow() const;
+    // The captions of the file filter list, in list order.
+    QStringList filterCaptions() const;
+    // The places of the drive combo: the root, the mounted drives and the user's folders.
+    QStringList places() const;
+    // The working folders that FoldrBtn steps through, as "folder (filter)" lines; setting them
+    // makes the first one current.
+    QStringList workingFolders() const;
+    void setWorkingFolders(const QStringList& entries);
+    // Divides the browser panel between the folder tree and the file list at once, the tree
+    // taking the percentage given.
+    void setPaneShares(int separatorPercent);
 
 private:
     void buildControls();

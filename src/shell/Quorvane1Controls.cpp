@@ -291,6 +291,38 @@ void Quorvane1::setFilterRow(int row) {
         CMBFILEFLTR->setCurrentIndex(row);
 }
 
+int Quorvane1::filterRow() const {
+    return CMBFILEFLTR->currentIndex();
+}
+
+QStringList Quorvane1::filterCaptions() const {
+    QStringList captions;
+    for (int i = 0; i < CMBFILEFLTR->count(); ++i)
+        captions.append(CMBFILEFLTR->itemText(i));
+    return captions;
+}
+
+QStringList Quorvane1::places() const {
+    QStringList places;
+    for (int i = 0; i < PTxShCombo1->count(); ++i)
+        places.append(PTxShCombo1->itemText(i));
+    return places;
+}
+
+QStringList Quorvane1::workingFolders() const {
+    QStringList entries;
+    for (int i = 0; i < List1->count(); ++i)
+        entries.append(List1->item(i)->text());
+    return entries;
+}
+
+void Quorvane1::setWorkingFolders(const QStringList& entries) {
+    List1->clear();
+    List1->addItems(entries);
+    if (List1->count() > 0)
+        List1->setCurrentRow(0);
+}
+
 void Quorvane1::setMenuChecked(const char* name, bool checked) {
     if (QAction* action = command(name)) {
         action->setCheckable(true);
@@ -441,8 +473,5 @@ void Quorvane1::fillFilterTables() {
 }
 
 void Quorvane1::loadWorkingFolders() {
-    List1->clear();
-    List1->addItems(FolderFile::load(PathUtil::join(globals().gAppPath, FolderFile::fileName())));
-    if (List1->count() > 0)
-        List1->setCurrentRow(0);
+    setWorkingFolders(FolderFile::load(PathUtil::join(globals().gAppPath, FolderFile::fileName())));
 }

@@ -1,4 +1,5 @@
 #include "settings/OptionsFile.h"
+#include "settings/OptionsForm.h"
 
 #include "platform/TextFile.h"
 #include "support/TempFolder.h"
@@ -108,4 +109,41 @@ TEST_F(OptionsFileTest, AFileWrittenWithLfOnlyReadsTheSame) {
     dir.write(u"Options.INI"_s, bytes);
     EXPECT_EQ(load(), QString());
     EXPECT_EQ(OptionsFile::toLines(options, computer), OptionsFile::toLines(OptionSettings{}, {}));
+}
+
+TEST(OptionsForm, TheBoxesAreCheckedInOrderAndTheFirstFailureIsTold) {
+    const struct {
+        OptionsForm::Entries entries; // height, width, initial, additional, separator
+        const char* message;          // nullptr when accepted
+        int focus;
+    } cases[] = {
+        {{0.1, 3, 5000, 500, 50}, nullptr, 0},
+        {{0.1, 0.2, 5000, 500, 50}, "Invalid Sizes for ThumbNail Images", 0},
+        {{6, 5.6, 5000, 500, 50}, "Invalid Sizes for ThumbNail Images", 0},
+        {{0.5, 5.5, 2500, 2500, 20}, nullptr, 0},
+        {{3, 3, 10000, 500, 80}, nullptr, 0},
+        {{3, 3, 5000, 500, 19}, "Enter a Percentage between 20 and 80", 6},
+        {{3, 3, 0, 0, 81}, "Enter a Percentage between 20 and 80", 6},
+        {{3, 3, 0, 500, 50}, "Enter a Number between 2,500 and 10,000", 4},
+        {{3, 3, 5000, 2501, 50}, "Enter a Percentage between 500 and 2500", 5},
+    };
+    for (const auto& c : cases) {
+        const std::optional<OptionsForm::Refusal> refusal = OptionsForm::check(c.entries);
+        if (!c.message) {
+            EXPECT_FALSE(refusal) << refusal->message.toStdString();
+            continue;
+        }
+        ASSERT_TRUE(refusal) << c.message;
+        EXPECT_EQ(refusal->message, QString::fromLatin1(c.message));
+        EXPECT_EQ(refusal->focus, c.focus) << c.message;
+    }
+}
+
+TEST(OptionsForm, ThumbnailSizesGoBetweenPixelsAndCentimetresOfTheScreen) {
+    const OptionsForm::Scale scale = OptionsForm::scaleFor(9600, 7200);
+    EXPECT_EQ(OptionsForm::centimetres(115, scale.cmTwipsY), u"3.4"_s);
+    EXPECT_EQ(OptionsForm::centimetres(115, scale.cmTwipsX), u"3.17"_s);
+    EXPECT_EQ(OptionsForm::pixels(3.4, scale.cmTwipsY), 115);
+    // A tenth of a centimetre is about three pixels.
+    EXPECT_EQ(OptionsForm::pixels(0.1, scale.cmTwipsY), 3);
 }
