@@ -119,6 +119,21 @@ qint16 formatOf(const QString& path) {
 
 } // namespace
 
+namespace {
+
+// The number of different pixels of the image in a format of Pixel-sized pixels.
+template <class Pixel> qint64 distinctPixels(const QImage& image, QImage::Format format) {
+    std::unordered_set<Pixel> seen;
+    const QImage converted = image.convertToFormat(format);
+    for (int y = 0; y < converted.height(); ++y) {
+        const auto* line = reinterpret_cast<const Pixel*>(converted.constScanLine(y));
+        seen.insert(line, line + converted.width());
+    }
+    return qint64(seen.size());
+}
+
+} // namespace
+
 QString GetFormatName(qint16 code) {
     for (const Row& row : kFormats) {
         for (int c : row.codes) {
@@ -154,28 +169,13 @@ Picture pictureOf(const QString& path) {
     p.memorySize = qint64((qint64(p.width) * p.bits + 31) / 32 * 4) * p.height;
     p.xResolution = qRound(image.dotsPerMeterX() * 0.0254);
     p.yResolution = qRound(image.dotsPerMeterY() * 0.0254);
-    if (decoded.deepColors > 0) {
+    // Samples of 16 bits are counted as they are, not as the 8 bits shown.
+    if (decoded.deepColors > 0)
         p.colors = decoded.deepColors;
-        return p;
-    }
-    if (image.depth() == 64 || image.format() == QImage::Format_Grayscale16) {
-        // Samples of 16 bits are counted as they are, not as the 8 bits shown.
-        std::unordered_set<quint64> deep;
-        const QImage rgba = image.convertToFormat(QImage::Format_RGBA64);
-        for (int y = 0; y < rgba.height(); ++y) {
-            const auto* line = reinterpret_cast<const quint64*>(rgba.constScanLine(y));
-            deep.insert(line, line + rgba.width());
-        }
-        p.colors = qint64(deep.size());
-        return p;
-    }
-    std::unordered_set<QRgb> colors;
-    const QImage rgb = image.convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < rgb.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(rgb.constScanLine(y));
-        colors.insert(line, line + rgb.width());
-    }
-    p.colors = qint64(colors.size());
+    else if (image.depth() == 64 || image.format() == QImage::Format_Grayscale16)
+        p.colors = distinctPixels<quint64>(image, QImage::Format_RGBA64);
+    else
+        p.colors = distinctPixels<QRgb>(image, QImage::Format_ARGB32);
     return p;
 }
 

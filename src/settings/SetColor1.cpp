@@ -1,5 +1,6 @@
 #include "settings/SetColor1.h"
 
+#include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/SettingColor.h"
@@ -79,6 +80,7 @@ SetColor1::SetColor1(QWidget* parent) : QDialog(parent) {
     HelpBtn =
         NamedWidgets::button(this, "HelpBtn", tr("Help"), tr("Help with Program Color Selections"));
     OKBtn->setDefault(true);
+    DialogButtons::enterAnywhereClicks(this, OKBtn);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})

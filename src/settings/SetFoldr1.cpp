@@ -1,5 +1,6 @@
 #include "settings/SetFoldr1.h"
 
+#include "platform/DialogButtons.h"
 #include "platform/FileMask.h"
 #include "platform/PathUtil.h"
 #include "platform/Twips.h"
@@ -114,6 +115,7 @@ SetFoldr1::SetFoldr1(QWidget* parent) : QDialog(parent) {
     CancelBtn = NamedWidgets::button(this, "CancelBtn", tr("Cancel"), tr("Close without Saving"));
     HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("Help"), tr("Help with Working Folders"));
     OKBtn->setDefault(true);
+    DialogButtons::enterAnywhereClicks(this, OKBtn);
 
     // The fixed places, in twips; resizeEvent moves what follows the window's width.
     placeTwips(Drive1, 120, 120, 3000, 315);

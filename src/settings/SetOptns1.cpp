@@ -1,6 +1,7 @@
 #include "settings/SetOptns1.h"
 
 #include "documents/MDIForm1.h"
+#include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/WindowRegistry.h"
@@ -135,6 +136,7 @@ SetOptns1::SetOptns1(QWidget* parent) : QDialog(parent) {
     HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("Help"), tr("Help with Options"));
     // Return anywhere in the window is OK.
     OKBtn->setDefault(true);
+    DialogButtons::enterAnywhereClicks(this, OKBtn);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
