@@ -1,5 +1,6 @@
 #include "shell/Quorvane1.h"
 
+#include "documents/DocumentWindows.h"
 #include "media/MediaWindows.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
@@ -76,6 +77,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerPrintingWindows();
     registerSendingWindows();
     registerMediaWindows();
+    registerDocumentWindows();
     buildControls();
     buildMenus();
     Form_Load();
