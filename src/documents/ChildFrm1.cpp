@@ -177,6 +177,15 @@ void ChildFrm1::buildMenus() {
     on("mnuImageBrightness", &ChildFrm1::mnuImageBrightness_Click);
     on("mnuImageContrast", &ChildFrm1::mnuImageContrast_Click);
     on("mnuImageRotate", &ChildFrm1::mnuImageRotate_Click);
+    // Their check marks tell an armed draw: a click on them leaves the mark to the command.
+    on("mnuImageText", [this](bool checked) {
+        menuAction("mnuImageText")->setChecked(!checked);
+        mnuImageText_Click();
+    });
+    on("mnuImageShapes", [this](bool checked) {
+        menuAction("mnuImageShapes")->setChecked(!checked);
+        mnuImageShapes_Click();
+    });
     on("mnuFileFind", [] {
         if (Quorvane1* main = Quorvane1::instance())
             main->FindFileRoutine();
@@ -247,6 +256,7 @@ void ChildFrm1::Form_Load() {
     }
     if (FILE_TYPE == u"T"_s)
         loadText(g.gCurrentFile);
+    setDrawingDefaults();
 }
 
 void ChildFrm1::loadText(const QString& path) {
@@ -405,10 +415,18 @@ void ChildFrm1::Image1_MouseUp(Qt::MouseButton button, QPoint position) {
         Image1->unsetCursor();
         return;
     }
-    mClickX = static_cast<float>(position.x());
-    mClickY = static_cast<float>(position.y());
-    mRoomRight = static_cast<qint16>(Image1->image().width() - position.x());
-    mRoomDown = static_cast<qint16>(Image1->image().height() - position.y());
+    // The place of the click in pixels of the picture, in the normal and the stretched view.
+    const QPoint at = Image1->imagePoint(position);
+    mClickX = static_cast<float>(at.x());
+    mClickY = static_cast<float>(at.y());
+    mRoomRight = static_cast<qint16>(Image1->image().width() - at.x());
+    mRoomDown = static_cast<qint16>(Image1->image().height() - at.y());
+    if (!DRAW_NOW_FLG)
+        return;
+    if (DRAWMENU == u"Text"_s)
+        drawText(at);
+    else if (DRAWMENU == u"Shape"_s)
+        drawShape(at);
 }
 
 void ChildFrm1::beginChange() {

@@ -45,6 +45,30 @@ public:
     qint16 mRoomRight = 0;
     qint16 mRoomDown = 0;
 
+    // The text a click stamps and its look (AddText1). Colours are 0xBBGGRR or system colours.
+    QString DRAW_TEXT;
+    QString TEXT_FONT = QStringLiteral("Ms Sans Serif");
+    qint16 TEXT_FONT_SIZE = 8;
+    bool TEXT_FONT_BOLD = false;
+    bool TEXT_FONT_ITALIC = false;
+    qint32 TEXT_COLOR = 0;
+    qint32 TEXTSHADOW_COLOR = static_cast<qint32>(0x8000000FU);
+    qint32 TEXTHIGHLIGHT_COLOR = static_cast<qint32>(0x80000009U);
+    qint32 TEXTRECTANGLE_COLOR = 0xFFC0C0;
+    bool TEXTRECTANGLE_FLG = false;
+    qint32 TEXT_STYLE = 0;
+    qint16 TEXTSTYLE_INDEX = 0;
+    // The shape a click stamps (AddShape1), its sizes in twips; the colours are the window
+    // colours of the settings at load.
+    qint16 SHAPE = 1000;
+    qint16 SHAPE_INDEX = 0;
+    double SHAPE_HEIGHT = 350;
+    qint32 SHAPE_WIDTH = 350;
+    qint32 SHAPE_COLOR = 0;
+    qint32 SHAPEBORDER_COLOR = 0;
+    qint16 SHAPE_INRBAND = 1;
+    qint16 SHAPE_OUTBAND = 2;
+
     // The picture of a picture document, the text of a text document.
     PictureView* Image1 = nullptr;
     QTextEdit* Text1 = nullptr;
@@ -77,6 +101,7 @@ public:
     int bitmapBits() const { return m_bits; }
 
     const QList<QMenu*>& menus() const { return m_menus; }
+    QAction* menuAction(const char* name) const;
 
     // Called by the frame, by name, on the active document.
     void mnuFileOpen_Click();
@@ -104,6 +129,8 @@ public:
     void mnuImageColorInt_Click();
     void mnuImageContrast_Click();
     void mnuImageRotate_Click();
+    void mnuImageText_Click();
+    void mnuImageShapes_Click();
 
     // Places the document at the top left of the workspace, a picture fitted to its picture and
     // a text at the text window's size; the frame calls it once the document is in its workspace.
@@ -119,7 +146,6 @@ protected:
 
 private:
     void buildMenus();
-    QAction* menuAction(const char* name) const;
     void loadPicture(const QString& path);
     void loadText(const QString& path);
     void layoutText();
@@ -154,6 +180,10 @@ private:
     bool saveChangesInPlace();
     void Image1_DblClick();
     void Image1_MouseUp(Qt::MouseButton button, QPoint position);
+    // The stamps, drawn with their corner at a pixel of the picture (ChildFrm1Drawing.cpp).
+    void setDrawingDefaults();
+    void drawText(QPoint at);
+    void drawShape(QPoint at);
     void Form_Load();
     void Form_Unload();
 

@@ -18,6 +18,8 @@ QColor toQColor(qint32 value) {
             return palette.color(QPalette::Base);
         case 0x08: // window text
             return palette.color(QPalette::Text);
+        case 0x09: // caption text, light on the caption
+            return palette.color(QPalette::BrightText);
         case 0x0D: // highlight
             return palette.color(QPalette::Highlight);
         case 0x0E: // highlighted text

@@ -1,5 +1,6 @@
 #include "shell/Quorvane1.h"
 
+#include "documents/DocumentWindows.h"
 #include "media/MediaWindows.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
@@ -79,6 +80,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerSendingWindows();
     registerMediaWindows();
     registerSettingsWindows();
+    registerDocumentWindows();
     buildControls();
     buildMenus();
     Form_Load();

@@ -100,6 +100,9 @@ TEST(SettingColor, ButtonFaceIsThePalettesButtonColour) {
     EXPECT_FALSE(SettingColor::isSystemColor(0x800000));
     EXPECT_EQ(SettingColor::toQColor(SettingColor::ButtonFace),
               QGuiApplication::palette().color(QPalette::Button));
+    // The caption text, the text stamps' highlight, is the palette's light text.
+    EXPECT_EQ(SettingColor::toQColor(static_cast<qint32>(0x80000009U)),
+              QGuiApplication::palette().color(QPalette::BrightText));
 }
 
 TEST(AppError, MapsSystemErrorsToTheProgramsNumbers) {

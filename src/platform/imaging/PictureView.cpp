@@ -3,6 +3,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <cmath>
+
 PictureView::PictureView(QWidget* parent) : QWidget(parent) {
     setAutoFillBackground(true);
     setFocusPolicy(Qt::ClickFocus);
@@ -24,6 +26,20 @@ void PictureView::setAutoRepaint(bool on) {
     m_autoRepaint = on;
     if (on)
         update();
+}
+
+QPoint PictureView::imagePoint(QPoint viewPoint) const {
+    return imagePoint(viewPoint, size(), m_image.size(), m_mode);
+}
+
+QPoint PictureView::imagePoint(QPoint viewPoint, QSize view, QSize image, int mode) {
+    if (mode != Stretch || view.isEmpty() || image.isEmpty())
+        return viewPoint;
+    const auto scale = [](int at, int from, int to) {
+        return static_cast<int>(std::floor(double(at) * to / from));
+    };
+    return {scale(viewPoint.x(), view.width(), image.width()),
+            scale(viewPoint.y(), view.height(), image.height())};
 }
 
 void PictureView::paintEvent(QPaintEvent*) {

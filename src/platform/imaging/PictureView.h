@@ -19,6 +19,10 @@ public:
     int paintSizeMode() const { return m_mode; }
     // Off while a change is under way; on again repaints once.
     void setAutoRepaint(bool on);
+    // The pixel of the picture under a point of the view: the same point at natural size, the
+    // point scaled to the picture when stretched.
+    QPoint imagePoint(QPoint viewPoint) const;
+    static QPoint imagePoint(QPoint viewPoint, QSize view, QSize image, int mode);
 
 Q_SIGNALS:
     void doubleClicked();

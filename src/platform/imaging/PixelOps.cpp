@@ -6,9 +6,8 @@
 #include <algorithm>
 #include <array>
 
-namespace {
+namespace PixelOps {
 
-// Images kept as colour tables or packed bits become 32-bit before their pixels change.
 void makeTrueColor(QImage& image) {
     switch (image.format()) {
     case QImage::Format_RGB32:
@@ -20,6 +19,12 @@ void makeTrueColor(QImage& image) {
                                                               : QImage::Format_RGB32);
     }
 }
+
+} // namespace PixelOps
+
+namespace {
+
+using PixelOps::makeTrueColor;
 
 // Applies a table to the red, green and blue of every pixel.
 void applyTables(QImage& image, const std::array<std::array<uchar, 256>, 3>& tables) {

@@ -6,6 +6,9 @@
 // The picture commands on an image in memory.
 namespace PixelOps {
 
+// Images kept as colour tables or packed bits become 32-bit before their pixels change.
+void makeTrueColor(QImage& image);
+
 // Top to bottom.
 void flip(QImage& image);
 // Left to right.
