@@ -1,5 +1,6 @@
 #include "shell/Quorvane1.h"
 
+#include "help/HelpWindows.h"
 #include "media/MediaWindows.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
@@ -76,6 +77,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerPrintingWindows();
     registerSendingWindows();
     registerMediaWindows();
+    registerHelpWindows();
     buildControls();
     buildMenus();
     Form_Load();
@@ -290,7 +292,9 @@ void Quorvane1::Form_Activate() {
         Frame1->update();
         PTxShList1->update();
     }
-    if (globals().gShowTipsNow && globals().gQuickTipsOption)
+    // An open tip window is left where it is.
+    if (globals().gShowTipsNow && globals().gQuickTipsOption &&
+        !WindowRegistry::find(u"QuikTip1"_s))
         WindowRegistry::show(u"QuikTip1"_s);
     PTxShCombo1->setVisible(false);
     PTxShCombo1->setVisible(true);
