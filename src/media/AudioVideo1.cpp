@@ -108,7 +108,7 @@ AudioVideo1::AudioVideo1(QWidget* parent) : QWidget(parent, Qt::Window) {
     HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help with Playing Files"));
     connect(OKBtn, &QPushButton::clicked, this, &AudioVideo1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &AudioVideo1::CancelBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(player, &QMediaPlayer::positionChanged, this, &AudioVideo1::showPosition);
     connect(player, &QMediaPlayer::durationChanged, this, &AudioVideo1::showPosition);
     connect(PositionBar, &QSlider::sliderMoved, player, &QMediaPlayer::setPosition);

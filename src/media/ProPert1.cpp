@@ -89,7 +89,7 @@ ProPert1::ProPert1(QWidget* parent) : QDialog(parent) {
     layout->addLayout(row);
     connect(OKBtn, &QPushButton::clicked, this, &QDialog::accept);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     Form_Load();
 }
 

@@ -65,7 +65,7 @@ ThumBrow1::ThumBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
     connect(OKBtn, &QPushButton::clicked, this, &ThumBrow1::OKBtn_Click);
     connect(StopBtn, &QPushButton::clicked, this, &ThumBrow1::StopBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &ThumBrow1::CancelBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(ImagList1, &QListWidget::itemClicked, this,
             [this](QListWidgetItem* item) { ImagList1_Click(ImagList1->row(item)); });
     connect(ImagList1, &QListWidget::itemActivated, this,

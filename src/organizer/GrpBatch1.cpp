@@ -57,7 +57,7 @@ GrpBatch1::GrpBatch1(QWidget* parent) : QDialog(parent) {
     layout->addWidget(CHKSKIP);
     layout->addLayout(buttons.row);
     connect(OKBtn, &QPushButton::clicked, this, &GrpBatch1::OKBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
 
     Globals& g = globals();
     g.gBatchSearch = false;

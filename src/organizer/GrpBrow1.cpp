@@ -141,7 +141,7 @@ GrpBrow1::GrpBrow1(QWidget* parent) : QWidget(parent, Qt::Window) {
     });
     connect(FindBtn, &QPushButton::clicked, this,
             [] { WindowRegistry::show(u"GrpFind1"_s, WindowRegistry::Modal); });
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(List1, &QListWidget::itemClicked, this, &GrpBrow1::List1_Click);
 
     openData(0, u"GroupTable"_s);

@@ -43,7 +43,7 @@ GrpFind::GrpFind(const QString& name, const QString& title, QWidget* parent) : Q
     buttons.row->addWidget(HelpBtn);
     grid->addLayout(buttons.row, 3, 0, 1, 2);
     connect(OKBtn, &QPushButton::clicked, this, &GrpFind::OKBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
 }
 
 void GrpFind::changeEvent(QEvent* event) {

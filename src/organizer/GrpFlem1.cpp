@@ -141,7 +141,7 @@ GrpFlem1::GrpFlem1(QWidget* parent) : QWidget(parent, Qt::Window) {
     connect(FindBtn, &QPushButton::clicked, this,
             [] { WindowRegistry::show(u"GrpFind2"_s, WindowRegistry::Modal); });
     connect(ExitBtn, &QPushButton::clicked, this, &QWidget::close);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(Data1, &OrganizerDataControl::Reposition, this, &GrpFlem1::Data1_Reposition);
     connect(Data1, &OrganizerDataControl::Validate, this, &GrpFlem1::Data1_Validate);
     connect(Data1, &OrganizerDataControl::Error, this, &GrpFlem1::Data1_Error);

@@ -69,7 +69,7 @@ GrpMaint::GrpMaint(QWidget* parent) : QWidget(parent, Qt::Window) {
     connect(SaveBtn, &QPushButton::clicked, this, &GrpMaint::SaveBtn_Click);
     connect(CnclBtn, &QPushButton::clicked, this, &GrpMaint::CnclBtn_Click);
     connect(DeleteBtn, &QPushButton::clicked, this, &GrpMaint::DeleteBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(Data1, &OrganizerDataControl::Reposition, this, &GrpMaint::Data1_Reposition);
     connect(Data1, &OrganizerDataControl::Validate, this, &GrpMaint::Data1_Validate);
     connect(Data1, &OrganizerDataControl::Error, this, &GrpMaint::Data1_Error);

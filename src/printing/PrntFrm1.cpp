@@ -137,7 +137,7 @@ void PrntFrm1::buildControls() {
     connect(CancelBtn, &QPushButton::clicked, this, &PrntFrm1::CancelBtn_Click);
     connect(FontBtn, &QPushButton::clicked, this, &PrntFrm1::FontBtn_Click);
     connect(PreviewBtn, &QPushButton::clicked, this, &PrntFrm1::PreviewBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     resize(620, 420);
 }
 

@@ -97,7 +97,7 @@ MailAddr1::MailAddr1(QWidget* parent) : QWidget(parent, Qt::Window) {
     connect(SaveBtn, &QPushButton::clicked, this, &MailAddr1::SaveBtn_Click);
     connect(OutLkBtn, &QPushButton::clicked, this, &MailAddr1::OutLkBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QWidget::close);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(List1, &QListWidget::itemClicked, this, &MailAddr1::List1_Click);
     for (int i = 0; i < 2; ++i)
         connect(Text1[size_t(i)], &QLineEdit::textChanged, this, [this, i] { Text1_Change(i); });

@@ -117,7 +117,7 @@ void SendFile1::buildControls() {
     connect(OKBtn, &QPushButton::clicked, this, &SendFile1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QWidget::close);
     connect(ClearBtn, &QPushButton::clicked, this, &SendFile1::ClearBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(List1, &QListWidget::itemClicked, this, &SendFile1::List1_Click);
     for (QWidget* w : std::initializer_list<QWidget*>{CMBSENDTO, Text2, Text1, CHKCOMP, List1})
         w->installEventFilter(this);

@@ -73,7 +73,7 @@ FindFile1::FindFile1(QWidget* parent) : QDialog(parent) {
     connect(TabStrip1, &QTabBar::currentChanged, this, &FindFile1::TabStrip1_Click);
     connect(OKBtn, &QPushButton::clicked, this, &FindFile1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &FindFile1::CancelBtn_Click);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     Form_Load();
 }
 

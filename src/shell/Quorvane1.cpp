@@ -1,6 +1,7 @@
 #include "shell/Quorvane1.h"
 
 #include "documents/DocumentWindows.h"
+#include "help/HelpWindows.h"
 #include "media/MediaWindows.h"
 #include "organizer/OrganizerDb.h"
 #include "organizer/OrganizerMaintenance.h"
@@ -81,6 +82,7 @@ Quorvane1::Quorvane1(QWidget* parent) : QMainWindow(parent) {
     registerMediaWindows();
     registerSettingsWindows();
     registerDocumentWindows();
+    registerHelpWindows();
     buildControls();
     buildMenus();
     Form_Load();
@@ -307,7 +309,9 @@ void Quorvane1::Form_Activate() {
         Frame1->update();
         PTxShList1->update();
     }
-    if (globals().gShowTipsNow && globals().gQuickTipsOption)
+    // An open tip window is left where it is.
+    if (globals().gShowTipsNow && globals().gQuickTipsOption &&
+        !WindowRegistry::find(u"QuikTip1"_s))
         WindowRegistry::show(u"QuikTip1"_s);
     PTxShCombo1->setVisible(false);
     PTxShCombo1->setVisible(true);

@@ -87,6 +87,7 @@ private:
 private Q_SLOTS:
     void init() {
         m_dir = std::make_unique<TempFolder>();
+        m_dir->write(u"TIPHELP.TXT"_s, "A tip\r\n");
         m_oldCurrent = QDir::currentPath();
         QVERIFY(QDir::setCurrent(m_dir->path()));
         resetGlobals();
@@ -106,6 +107,8 @@ private Q_SLOTS:
         const auto& shown = (*m_messages)->shown();
         QCOMPARE((*m_messages)->texts(),
                  (QStringList{kColorsMissing, kOptionsMissing, kNetworkTitle}));
+        // Then the quick tips, at the first activation.
+        QVERIFY(WindowRegistry::find(u"QuikTip1"_s));
         QCOMPARE(shown[0].kind, u"inform"_s);
         QCOMPARE(shown[2].kind, u"askText"_s);
         QCOMPARE(shown[2].proposed, QSysInfo::machineHostName());
