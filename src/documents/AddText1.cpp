@@ -123,7 +123,7 @@ AddText1::AddText1(ChildFrm1* child, QWidget* parent)
     });
     connect(OKBtn, &QPushButton::clicked, this, &AddText1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     DialogButtons::enterAnywhereClicks(this, OKBtn);
     Form_Load();
 }

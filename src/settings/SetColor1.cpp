@@ -91,7 +91,7 @@ SetColor1::SetColor1(QWidget* parent) : QDialog(parent) {
 
     connect(OKBtn, &QPushButton::clicked, this, &SetColor1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
 
     const Globals& g = globals();
     for (int line = 0; line < ColorsFile::LineCount; ++line)

@@ -143,7 +143,7 @@ SetFoldr1::SetFoldr1(QWidget* parent) : QDialog(parent) {
     connect(ClearBtn, &QToolButton::clicked, List1, &QListWidget::clear);
     connect(OKBtn, &QPushButton::clicked, this, &SetFoldr1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     Form_Load();
 }
 

@@ -150,7 +150,7 @@ SetOptns1::SetOptns1(QWidget* parent) : QDialog(parent) {
 
     connect(OKBtn, &QPushButton::clicked, this, &SetOptns1::OKBtn_Click);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
-    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showContents(this); });
+    connect(HelpBtn, &QPushButton::clicked, this, [this] { Help::showTopic(this); });
     connect(EMailBKBtn, &QToolButton::clicked, this, &SetOptns1::EMailBKBtn_Click);
     Form_Load();
 }
