@@ -140,10 +140,7 @@ AddShape1::AddShape1(ChildFrm1* child, QWidget* parent)
     auto* middle = new QHBoxLayout;
     middle->addWidget(List1, 1);
     middle->addLayout(right);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        buttons->addWidget(b);
+    auto* buttons = NamedWidgets::rightAligned({OKBtn, CancelBtn, HelpBtn});
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(middle, 1);
     layout->addLayout(buttons);

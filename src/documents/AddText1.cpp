@@ -92,10 +92,7 @@ AddText1::AddText1(ChildFrm1* child, QWidget* parent)
     auto* middle = new QHBoxLayout;
     middle->addLayout(style, 1);
     middle->addLayout(settings, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        buttons->addWidget(b);
+    auto* buttons = NamedWidgets::rightAligned({OKBtn, CancelBtn, HelpBtn});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1[0]);
     layout->addWidget(Text1);

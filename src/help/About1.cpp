@@ -1,6 +1,7 @@
 #include "help/About1.h"
 
 #include "help/SystemInfoTool.h"
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "platform/WidgetPaint.h"
 #include "shell/Globals.h"
@@ -90,7 +91,7 @@ void About1::StartSysInfo() {
 
 void About1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow() || !mFirstActivate)
+    if (!Activation::becameActive(this, event) || !mFirstActivate)
         return;
     mFirstActivate = false;
     const Globals& g = globals();

@@ -1,5 +1,6 @@
 #include "help/HelpWindow.h"
 
+#include "platform/Activation.h"
 #include "platform/PathUtil.h"
 #include "platform/WidgetPaint.h"
 #include "shell/Globals.h"
@@ -312,7 +313,7 @@ bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void HelpWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow() || !m_firstActivate)
+    if (!Activation::becameActive(this, event) || !m_firstActivate)
         return;
     m_firstActivate = false;
     const Globals& g = globals();

@@ -1,6 +1,7 @@
 #include "media/AudioVideo1.h"
 
 #include "media/MediaDevice.h"
+#include "platform/Activation.h"
 #include "platform/PathUtil.h"
 #include "platform/TextFile.h"
 #include "platform/Twips.h"
@@ -131,7 +132,7 @@ AudioVideo1::~AudioVideo1() {
 
 void AudioVideo1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         Form_Activate();
 }
 

@@ -3,6 +3,7 @@
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
 #include "media/FileProperties.h"
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "platform/TableDataControl.h"
 #include "platform/WidgetPaint.h"
@@ -82,10 +83,7 @@ ProPert1::ProPert1(QWidget* parent) : QDialog(parent) {
     CancelBtn = NamedWidgets::button(this, "CancelBtn", tr("Cancel"), tr("Close the Window"));
     HelpBtn = NamedWidgets::button(this, "HelpBtn", tr("&Help"), tr("Help with File Properties"));
     OKBtn->setDefault(true);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        row->addWidget(b);
+    auto* row = NamedWidgets::rightAligned({OKBtn, CancelBtn, HelpBtn});
     layout->addLayout(row);
     connect(OKBtn, &QPushButton::clicked, this, &QDialog::accept);
     connect(CancelBtn, &QPushButton::clicked, this, &QDialog::reject);
@@ -177,7 +175,7 @@ void ProPert1::showPicture(const QString& path) {
 
 void ProPert1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow() || !mFirstActivate)
+    if (!Activation::becameActive(this, event) || !mFirstActivate)
         return;
     mFirstActivate = false;
     const Globals& g = globals();

@@ -1,6 +1,7 @@
 #include "media/ThumBrow1.h"
 
 #include "media/ThumbnailGenerator.h"
+#include "platform/Activation.h"
 #include "platform/SettingColor.h"
 #include "platform/Twips.h"
 #include "platform/WidgetPaint.h"
@@ -85,7 +86,7 @@ ThumBrow1::~ThumBrow1() {
 
 void ThumBrow1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         Form_Activate();
 }
 

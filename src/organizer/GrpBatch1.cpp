@@ -3,6 +3,7 @@
 #include "organizer/OrganizerBatch.h"
 #include "organizer/OrganizerWidgets.h"
 #include "organizer/Recordset.h"
+#include "platform/Activation.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "shell/FileListModel.h"
@@ -72,7 +73,7 @@ GrpBatch1::~GrpBatch1() {
 
 void GrpBatch1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+    if (Activation::becameActive(this, event) && mFirstActivate) {
         mFirstActivate = false;
         Form_Activate();
     }

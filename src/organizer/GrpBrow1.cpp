@@ -2,6 +2,7 @@
 
 #include "organizer/OrganizerDataControl.h"
 #include "organizer/RecordsetRows.h"
+#include "platform/Activation.h"
 #include "platform/FlexGrid.h"
 #include "platform/PathUtil.h"
 #include "platform/SettingColor.h"
@@ -165,7 +166,7 @@ void GrpBrow1::openData(int index, const QString& source) {
 
 void GrpBrow1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+    if (Activation::becameActive(this, event) && mFirstActivate) {
         mFirstActivate = false;
         Form_Activate();
     }

@@ -3,6 +3,7 @@
 #include "organizer/GrpBrow1.h"
 #include "organizer/GrpFlem1.h"
 #include "organizer/OrganizerDataControl.h"
+#include "platform/Activation.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
@@ -48,7 +49,7 @@ GrpFind::GrpFind(const QString& name, const QString& title, QWidget* parent) : Q
 
 void GrpFind::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+    if (Activation::becameActive(this, event) && mFirstActivate) {
         mFirstActivate = false;
         NamedWidgets::paintWindow(this);
     }

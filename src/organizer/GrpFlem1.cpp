@@ -3,6 +3,7 @@
 #include "organizer/OrganizerDataControl.h"
 #include "organizer/OrganizerDates.h"
 #include "organizer/OrganizerWidgets.h"
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/WindowRegistry.h"
@@ -166,7 +167,7 @@ GrpFlem1::~GrpFlem1() {
 
 void GrpFlem1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+    if (Activation::becameActive(this, event) && mFirstActivate) {
         mFirstActivate = false;
         Form_Activate();
     }

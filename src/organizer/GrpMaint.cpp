@@ -3,6 +3,7 @@
 #include "organizer/OrganizerDataControl.h"
 #include "organizer/OrganizerDates.h"
 #include "organizer/OrganizerWidgets.h"
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "shell/Globals.h"
 #include "shell/Help.h"
@@ -91,7 +92,7 @@ GrpMaint::~GrpMaint() {
 
 void GrpMaint::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && mFirstActivate) {
+    if (Activation::becameActive(this, event) && mFirstActivate) {
         mFirstActivate = false;
         Form_Activate();
     }

@@ -1,6 +1,7 @@
 #include "printing/PrntFrm1.h"
 
 #include "documents/TextLoader.h"
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/PrinterChoice.h"
@@ -590,7 +591,7 @@ void PrntFrm1::CancelBtn_Click() {
 
 void PrntFrm1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         Form_Activate();
 }
 

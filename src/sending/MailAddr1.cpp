@@ -1,5 +1,6 @@
 #include "sending/MailAddr1.h"
 
+#include "platform/Activation.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/TextFile.h"
@@ -211,7 +212,7 @@ void MailAddr1::OutLkBtn_Click() {
 
 void MailAddr1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         NamedWidgets::paintWindow(this);
 }
 

@@ -2,6 +2,7 @@
 
 #include "documents/ChildFrm1.h"
 #include "documents/MDIForm1.h"
+#include "platform/Activation.h"
 #include "platform/ExternalTool.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
@@ -189,7 +190,7 @@ void SendFile1::closeEvent(QCloseEvent* event) {
 
 void SendFile1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         NamedWidgets::paintWindow(this);
 }
 

@@ -1,5 +1,6 @@
 #include "settings/SetColor1.h"
 
+#include "platform/Activation.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
@@ -81,10 +82,7 @@ SetColor1::SetColor1(QWidget* parent) : QDialog(parent) {
         NamedWidgets::button(this, "HelpBtn", tr("Help"), tr("Help with Program Color Selections"));
     OKBtn->setDefault(true);
     DialogButtons::enterAnywhereClicks(this, OKBtn);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        buttons->addWidget(b);
+    auto* buttons = NamedWidgets::rightAligned({OKBtn, CancelBtn, HelpBtn});
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
     layout->addLayout(buttons);
@@ -129,7 +127,7 @@ void SetColor1::chooseColor(int index) {
 
 void SetColor1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+    if (!Activation::becameActive(this, event))
         return;
     const Globals& g = globals();
     WidgetPaint::paint(this, g.gWindowBackColor, g.gWindowForeColor);

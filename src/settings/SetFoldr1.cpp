@@ -1,5 +1,6 @@
 #include "settings/SetFoldr1.h"
 
+#include "platform/Activation.h"
 #include "platform/DialogButtons.h"
 #include "platform/FileMask.h"
 #include "platform/PathUtil.h"
@@ -282,7 +283,7 @@ void SetFoldr1::resizeEvent(QResizeEvent* event) {
 
 void SetFoldr1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+    if (!Activation::becameActive(this, event))
         return;
     const Globals& g = globals();
     WidgetPaint::paint(this, g.gWindowBackColor, g.gWindowForeColor);

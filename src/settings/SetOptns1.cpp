@@ -1,6 +1,7 @@
 #include "settings/SetOptns1.h"
 
 #include "documents/MDIForm1.h"
+#include "platform/Activation.h"
 #include "platform/DialogButtons.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
@@ -137,10 +138,7 @@ SetOptns1::SetOptns1(QWidget* parent) : QDialog(parent) {
     // Return anywhere in the window is OK.
     OKBtn->setDefault(true);
     DialogButtons::enterAnywhereClicks(this, OKBtn);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton* b : {OKBtn, CancelBtn, HelpBtn})
-        buttons->addWidget(b);
+    auto* buttons = NamedWidgets::rightAligned({OKBtn, CancelBtn, HelpBtn});
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(thumbs);
@@ -186,7 +184,7 @@ void SetOptns1::Form_Load() {
 
 void SetOptns1::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         Form_Activate();
 }
 

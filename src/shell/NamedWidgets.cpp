@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -36,6 +37,14 @@ QLineEdit* entry(QWidget* parent, const char* name, const QString& tip) {
     e->setToolTip(tip);
     e->setAccessibleName(tip);
     return e;
+}
+
+QHBoxLayout* rightAligned(std::initializer_list<QWidget*> widgets) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QWidget* widget : widgets)
+        row->addWidget(widget);
+    return row;
 }
 
 void paintWindow(QWidget* window) {

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <initializer_list>
+
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -14,6 +17,8 @@ namespace NamedWidgets {
 QPushButton* button(QWidget* parent, const char* name, const QString& caption, const QString& tip);
 QLabel* label(QWidget* parent, const QString& name, const QString& text);
 QLineEdit* entry(QWidget* parent, const char* name, const QString& tip);
+// A row holding the widgets at its right end, as a dialog's buttons stand.
+QHBoxLayout* rightAligned(std::initializer_list<QWidget*> widgets);
 
 // The window's and every child's colours from the settings: buttons in the button colour,
 // entry fields in the entry colours, lists in the list colours, the rest in the window

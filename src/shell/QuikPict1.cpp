@@ -1,5 +1,6 @@
 #include "shell/QuikPict1.h"
 
+#include "platform/Activation.h"
 #include "platform/Twips.h"
 #include "platform/WidgetPaint.h"
 #include "platform/WindowRegistry.h"
@@ -62,7 +63,7 @@ void QuikPict1::Form_Activate() {
 
 void QuikPict1::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (Activation::becameActive(this, event))
         Form_Activate();
 }
 
