@@ -34,6 +34,7 @@ QToolButton* toolButton(QWidget* parent, QAction* action) {
     button->setDefaultAction(action);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setObjectName(action->objectName().chopped(3)); // "BackBtnAct" -> "BackBtn"
+    button->setAccessibleName(action->text().remove(u'&'));
     return button;
 }
 

@@ -58,6 +58,7 @@ QuikTip1::QuikTip1(QWidget* parent) : QDialog(parent) {
 
     chkLoadTipsAtStartup = new QCheckBox(tr("Do not Show Tips at Startup"), this);
     chkLoadTipsAtStartup->setObjectName(u"chkLoadTipsAtStartup"_s);
+    chkLoadTipsAtStartup->setAccessibleName(chkLoadTipsAtStartup->text());
     chkLoadTipsAtStartup->setToolTip(
         tr("Check if you do not want to display these quick tips at Start Up"));
     OKBtn = NamedWidgets::button(this, "OKBtn", tr("OK"), tr("Close the Quick Tips"));

@@ -1,3 +1,4 @@
+#include "help/HelpWindow.h"
 #include "media/ThumBrow1.h"
 #include "platform/SettingColor.h"
 #include "platform/TextFile.h"
@@ -162,6 +163,32 @@ private Q_SLOTS:
         QTRY_VERIFY(!w);
         QCOMPARE(fileLines(u"FoldFile.INI"_s), QStringList{QString()});
         QVERIFY(h->window()->workingFolders().isEmpty());
+    }
+
+    void everyWindowReachedByNameNamesItsControls() {
+        h->folder().writePicture(u"p.png"_s, QSize(40, 30));
+        QVERIFY(h->openDocument(u"p.png"_s));
+        QStringList missing;
+        for (const char* name :
+             {"SetOptns1", "SetColor1", "SetFoldr1", "QuikTip1", "About1", "HelpWindow", "AddText1",
+              "AddShape1", "SendFile1", "MailAddr1", "ThumBrow1", "AudioVideo1", "PrntFrm1"}) {
+            // The help window is made by the help itself, not by name.
+            QWidget* window = qstrcmp(name, "HelpWindow") == 0
+                                  ? WindowRegistry::get<HelpWindow>()
+                                  : WindowRegistry::touch(QString::fromLatin1(name));
+            QVERIFY2(window, name);
+            for (QWidget* w : window->findChildren<QWidget*>()) {
+                const bool control = qobject_cast<QAbstractButton*>(w) ||
+                                     qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) ||
+                                     qobject_cast<QAbstractItemView*>(w);
+                if (control && w->accessibleName().isEmpty() &&
+                    !w->objectName().startsWith(u"qt_"_s) && w->isVisibleTo(window))
+                    missing.append(QString::fromLatin1(name) + u'.' + w->objectName() + u'.' +
+                                   QString::fromLatin1(w->metaObject()->className()));
+            }
+            window->close();
+        }
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u", "_s)));
     }
 };
 
