@@ -128,36 +128,16 @@ private Q_SLOTS:
         QCOMPARE(h->messages().shown().size(), 2);
     }
 
-    void aHandEditedFileShowsOneOfItsLines() {
+    void aVeryLongTipShowsCutAndStaysWholeInTheList() {
+        // Odd files are read by QuickTips, whose own test covers them; the window cuts what it
+        // shows.
         start();
-        QByteArray many;
-        for (int i = 0; i < 100000; ++i)
-            many += "Tip " + QByteArray::number(i) + "\r\n";
         const QByteArray longLine(200000, 'x');
-        const struct {
-            const char* name;
-            QByteArray bytes;
-            qsizetype count;
-        } cases[] = {
-            {"not utf-8", "caf\xe9 \xff\r\nplain\r\n", 2},
-            {"many lines", many, 100000},
-            {"a very long line", longLine + "\n", 1},
-            {"odd ends", "one\rtwo\n\nthree", 3},
-        };
-        for (const auto& c : cases) {
-            QuikTip1* tips = openTips(c.bytes);
-            QVERIFY2(tips, c.name);
-            QCOMPARE(tips->Tips.size(), c.count);
-            QVERIFY2(tips->CurrentTip >= 1 && tips->CurrentTip <= c.count, c.name);
-            const QString tip = tips->Tips.at(tips->CurrentTip - 1);
-            const QString shown = tips->lblTipText->text();
-            QVERIFY2(shown == tip || (tip.size() > QuikTip1::MaxShownLength &&
-                                      shown == tip.left(QuikTip1::MaxShownLength) + u'\u2026'),
-                     c.name);
-            tips->NextTipBtn->click();
-            QVERIFY2(tips->CurrentTip >= 1 && tips->CurrentTip <= c.count, c.name);
-            closeTips();
-        }
+        QuikTip1* tips = openTips(longLine + "\n");
+        QVERIFY(tips);
+        QCOMPARE(tips->Tips.size(), qsizetype(1));
+        QCOMPARE(tips->Tips.at(0).size(), qsizetype(200000));
+        QCOMPARE(tips->lblTipText->text(), QString(QuikTip1::MaxShownLength, u'x') + u'\u2026');
         QVERIFY(h->messages().shown().isEmpty());
     }
 
