@@ -4,6 +4,7 @@
 #include "documents/MDIForm1.h"
 #include "documents/TextStamp.h"
 #include "platform/DialogButtons.h"
+#include "platform/FontNames.h"
 #include "platform/Messages.h"
 #include "platform/SettingColor.h"
 #include "platform/WidgetPaint.h"
@@ -168,7 +169,7 @@ void AddText1::showFont() {
                        static_cast<QWidget*>(Label1[2]), static_cast<QWidget*>(Label1[3]),
                        static_cast<QWidget*>(Label1[4])}) {
         QFont font = w->font();
-        font.setFamily(TextStamp::familyOf(m_child->TEXT_FONT));
+        font.setFamily(FontNames::familyOf(m_child->TEXT_FONT));
         font.setBold(m_child->TEXT_FONT_BOLD);
         font.setItalic(m_child->TEXT_FONT_ITALIC);
         w->setFont(font);
@@ -189,7 +190,7 @@ bool AddText1::chooseColor(qint32 ChildFrm1::*member, const QString& title) {
 void AddText1::FontBtn_Click() {
     if (!m_child)
         return;
-    QFont initial(TextStamp::familyOf(m_child->TEXT_FONT));
+    QFont initial(FontNames::familyOf(m_child->TEXT_FONT));
     initial.setPointSize(std::max<int>(1, m_child->TEXT_FONT_SIZE));
     initial.setBold(m_child->TEXT_FONT_BOLD);
     initial.setItalic(m_child->TEXT_FONT_ITALIC);

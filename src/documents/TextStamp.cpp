@@ -1,5 +1,6 @@
 #include "documents/TextStamp.h"
 
+#include "platform/FontNames.h"
 #include "platform/Twips.h"
 #include "platform/imaging/PixelOps.h"
 
@@ -130,13 +131,8 @@ std::span<const Entry> entries() {
     return kEntries;
 }
 
-QString familyOf(const QString& fontName) {
-    return fontName.compare(u"MS Sans Serif"_s, Qt::CaseInsensitive) == 0 ? u"Sans Serif"_s
-                                                                          : fontName;
-}
-
 QFont fontOf(const Stamp& stamp) {
-    QFont font(familyOf(stamp.fontName));
+    QFont font(FontNames::familyOf(stamp.fontName));
     font.setStyleHint(QFont::SansSerif);
     const double points = std::isfinite(stamp.fontSize) ? stamp.fontSize : 8;
     font.setPixelSize(

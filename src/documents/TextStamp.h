@@ -57,8 +57,6 @@ struct Stamp {
     qint32 style = Normal;
 };
 
-// The family of a font name: "MS Sans Serif" is the system's sans-serif font.
-QString familyOf(const QString& fontName);
 // The stamp's font at the picture's scale.
 QFont fontOf(const Stamp& stamp);
 

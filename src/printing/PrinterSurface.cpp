@@ -1,5 +1,6 @@
 #include "printing/PrinterSurface.h"
 
+#include "platform/FontNames.h"
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPagedPaintDevice>
@@ -21,9 +22,8 @@ PrinterSurface::~PrinterSurface() {
 }
 
 void PrinterSurface::setFontName(const QString& name) {
-    const bool systemSans = name.compare(u"MS Sans Serif"_s, Qt::CaseInsensitive) == 0;
-    m_font.setFamily(systemSans ? u"Sans Serif"_s : name);
-    m_font.setStyleHint(systemSans ? QFont::SansSerif : QFont::AnyStyle);
+    m_font.setFamily(FontNames::familyOf(name));
+    m_font.setStyleHint(FontNames::isSystemSans(name) ? QFont::SansSerif : QFont::AnyStyle);
 }
 
 void PrinterSurface::setFontSize(double points) {

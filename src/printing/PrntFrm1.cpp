@@ -2,6 +2,7 @@
 
 #include "documents/TextLoader.h"
 #include "platform/Activation.h"
+#include "platform/FontNames.h"
 #include "platform/Messages.h"
 #include "platform/PathUtil.h"
 #include "platform/PrinterChoice.h"
@@ -193,15 +194,21 @@ QFrame* PrntFrm1::buildPicturePanel() {
     return panel;
 }
 
+std::array<QLabel*, 2> PrntFrm1::fileRow(QWidget* panel, QVBoxLayout* layout, const QString& name,
+                                         const QString& caption) {
+    const std::array<QLabel*, 2> labels = {label(panel, name + u"(0)"_s, caption),
+                                           label(panel, name + u"(1)"_s, {})};
+    auto* row = new QHBoxLayout;
+    row->addWidget(labels[0]);
+    row->addWidget(labels[1], 1);
+    layout->addLayout(row);
+    return labels;
+}
+
 QFrame* PrntFrm1::buildTextPanel() {
     auto* panel = new QFrame(this);
     auto* layout = new QVBoxLayout(panel);
-    auto* top = new QHBoxLayout;
-    Label2 = {label(panel, u"Label2(0)"_s, tr("Print Text File: ")),
-              label(panel, u"Label2(1)"_s, {})};
-    top->addWidget(Label2[0]);
-    top->addWidget(Label2[1], 1);
-    layout->addLayout(top);
+    Label2 = fileRow(panel, layout, u"Label2"_s, tr("Print Text File: "));
     RichTextBox1 = new QTextEdit(panel);
     RichTextBox1->setObjectName(u"RichTextBox1"_s);
     RichTextBox1->setAccessibleName(tr("Text to Print"));
@@ -331,9 +338,7 @@ void PrntFrm1::PrintMetrics() {
 
 void PrntFrm1::showFont() {
     QFont font = Text1->font();
-    font.setFamily(PrintFontName.compare(u"MS Sans Serif"_s, Qt::CaseInsensitive) == 0
-                       ? QApplication::font().family()
-                       : PrintFontName);
+    font.setFamily(FontNames::familyOf(PrintFontName));
     font.setBold(PrintFontBold);
     font.setItalic(PrintFontItalic);
     for (QWidget* w :

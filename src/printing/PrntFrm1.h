@@ -18,6 +18,7 @@ class QListWidget;
 class QPushButton;
 class QTabBar;
 class QTextEdit;
+class QVBoxLayout;
 
 // The one window that prints: a tab for each kind of job (a picture on a page, a text file, a
 // listing of a table, a report of file locations), chosen from the file it is given. OK sets
@@ -110,6 +111,9 @@ private:
     QFrame* buildPicturePanel();
     QFrame* buildTextPanel();
     QFrame* buildDatabasePanel();
+    // The row at the top of a tab: a caption and the name of the file it prints.
+    static std::array<QLabel*, 2> fileRow(QWidget* panel, QVBoxLayout* layout, const QString& name,
+                                          const QString& caption);
     QFrame* buildSystemPanel();
     void Form_Load();
     void Form_Activate();

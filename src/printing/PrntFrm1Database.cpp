@@ -15,7 +15,6 @@
 #include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -45,12 +44,7 @@ QListWidget* list(QWidget* parent, const char* name, const QString& caption, con
 QFrame* PrntFrm1::buildDatabasePanel() {
     auto* panel = new QFrame(this);
     auto* layout = new QVBoxLayout(panel);
-    auto* top = new QHBoxLayout;
-    Label3 = {label(panel, u"Label3(0)"_s, tr("Print Table of File: ")),
-              label(panel, u"Label3(1)"_s, {})};
-    top->addWidget(Label3[0]);
-    top->addWidget(Label3[1], 1);
-    layout->addLayout(top);
+    Label3 = fileRow(panel, layout, u"Label3"_s, tr("Print Table of File: "));
 
     auto* grid = new QGridLayout;
     List3 = list(panel, "List3", tr("Tables"), tr("Select Table or Record Type to View Fields"));

@@ -30,14 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int px(double twips) {
-    return Twips::toPixels(twips);
-}
-
-void placeTwips(QWidget* w, double left, double top, double width, double height) {
-    w->setGeometry(px(left), px(top), std::max(1, px(width)), std::max(1, px(height)));
-}
-
 QToolButton* moveButton(QWidget* parent, const char* name, const QString& text,
                         const QString& tip) {
     auto* b = new QToolButton(parent);
@@ -119,19 +111,19 @@ SetFoldr1::SetFoldr1(QWidget* parent) : QDialog(parent) {
     DialogButtons::enterAnywhereClicks(this, OKBtn);
 
     // The fixed places, in twips; resizeEvent moves what follows the window's width.
-    placeTwips(Drive1, 120, 120, 3000, 315);
-    placeTwips(Dir1, 120, 520, 3000, 2060);
-    placeTwips(File1, 3240, 120, 3600, 2460);
-    placeTwips(CMBFILTER, 110, 2860, 2460, 315);
-    placeTwips(Label2, 110, 3260, 2460, 900);
-    placeTwips(Label1, 3360, 2820, 3000, 240);
+    Twips::place(Drive1, 120, 120, 3000, 315);
+    Twips::place(Dir1, 120, 520, 3000, 2060);
+    Twips::place(File1, 3240, 120, 3600, 2460);
+    Twips::place(CMBFILTER, 110, 2860, 2460, 315);
+    Twips::place(Label2, 110, 3260, 2460, 900);
+    Twips::place(Label1, 3360, 2820, 3000, 240);
     double top = 2860;
     for (QToolButton* b : {RightBtn, LefttBtn, UpBtn, DownBtn, ClearBtn}) {
-        placeTwips(b, 2660, top, 640, 360);
+        Twips::place(b, 2660, top, 640, 360);
         top += 400;
     }
-    setMinimumSize(px(7200), px(5400));
-    resize(px(7200), px(5400));
+    setMinimumSize(Twips::toPixels(7200), Twips::toPixels(5400));
+    resize(Twips::toPixels(7200), Twips::toPixels(5400));
 
     connect(Drive1, &QComboBox::currentIndexChanged, this, &SetFoldr1::Drive1_Change);
     connect(Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -273,12 +265,12 @@ void SetFoldr1::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     const double w = Twips::fromPixels(width());
     const double h = Twips::fromPixels(height());
-    placeTwips(Frame1, 110, 60, w - 220, 2700);
-    placeTwips(List1, 3360, 3060, w - 3480, h - 3780);
+    Twips::place(Frame1, 110, 60, w - 220, 2700);
+    Twips::place(List1, 3360, 3060, w - 3480, h - 3780);
     const double buttonTop = h - 600;
-    placeTwips(OKBtn, 110, buttonTop, 1100, 400);
-    placeTwips(CancelBtn, w / 2 - 550, buttonTop, 1100, 400);
-    placeTwips(HelpBtn, w - 1290, buttonTop, 1100, 400);
+    Twips::place(OKBtn, 110, buttonTop, 1100, 400);
+    Twips::place(CancelBtn, w / 2 - 550, buttonTop, 1100, 400);
+    Twips::place(HelpBtn, w - 1290, buttonTop, 1100, 400);
 }
 
 void SetFoldr1::changeEvent(QEvent* event) {

@@ -45,10 +45,6 @@ constexpr double kButtonSize = 330;
 constexpr double kButtonStep = 345;
 constexpr double kComboHeight = 315;
 
-void placeTwips(QWidget* widget, double left, double top, double width, double height) {
-    widget->setGeometry(px(left), px(top), std::max(0, px(width)), std::max(0, px(height)));
-}
-
 QFrame* makeFrame(QWidget* parent, const QString& name) {
     auto* frame = new QFrame(parent);
     frame->setObjectName(name);
@@ -80,7 +76,7 @@ void Quorvane1::buildControls() {
 
     Frame1 = makeFrame(client, u"Frame1"_s);
     Frame1->setFrameShape(QFrame::StyledPanel);
-    placeTwips(Frame1, kFrame1Left, kFrame1Top, 6200, 4900);
+    Twips::place(Frame1, kFrame1Left, kFrame1Top, 6200, 4900);
 
     CMBFILE = new QComboBox(Frame1);
     CMBFILE->setObjectName(u"CMBFILE"_s);
@@ -88,46 +84,46 @@ void Quorvane1::buildControls() {
     CMBFILE->setInsertPolicy(QComboBox::NoInsert);
     CMBFILE->setToolTip(tr("Select File from files aleady viewed to display"));
     CMBFILE->setAccessibleName(CMBFILE->toolTip());
-    placeTwips(CMBFILE, 90, 180, 6000, kComboHeight);
+    Twips::place(CMBFILE, 90, 180, 6000, kComboHeight);
 
     PTxShTree1 = new QTreeView(Frame1);
     PTxShTree1->setObjectName(u"PTxShTree1"_s);
     PTxShTree1->setAccessibleName(tr("Folders"));
     PTxShTree1->setHeaderHidden(true);
     PTxShTree1->setUniformRowHeights(true);
-    placeTwips(PTxShTree1, 90, kPaneTop, 2130, 3390);
+    Twips::place(PTxShTree1, 90, kPaneTop, 2130, 3390);
 
     Frame5 = makeFrame(Frame1, u"Frame5"_s);
     Frame5->setCursor(Qt::SplitHCursor);
     Frame5->setAccessibleName(tr("Splitter between folders and files"));
-    placeTwips(Frame5, 2230, kPaneTop, 60, 3390);
+    Twips::place(Frame5, 2230, kPaneTop, 60, 3390);
     Frame5->installEventFilter(this);
 
     PTxShList1 = new ShellList(Frame1);
     PTxShList1->setObjectName(u"PTxShList1"_s);
     PTxShList1->setAccessibleName(tr("Files"));
-    placeTwips(PTxShList1, 2430, kPaneTop, 3750, 3390);
+    Twips::place(PTxShList1, 2430, kPaneTop, 3750, 3390);
 
     PTxShCombo1 = new QComboBox(client);
     PTxShCombo1->setObjectName(u"PTxShCombo1"_s);
     PTxShCombo1->setAccessibleName(tr("Drives and places"));
-    placeTwips(PTxShCombo1, 150, 4900, 2130, kComboHeight);
+    Twips::place(PTxShCombo1, 150, 4900, 2130, kComboHeight);
 
     CMBFILEFLTR = new QComboBox(client);
     CMBFILEFLTR->setObjectName(u"CMBFILEFLTR"_s);
     CMBFILEFLTR->setAccessibleName(tr("File filter"));
-    placeTwips(CMBFILEFLTR, 2490, 4900, 3750, kComboHeight);
+    Twips::place(CMBFILEFLTR, 2490, 4900, 3750, kComboHeight);
 
     Frame2 = makeFrame(client, u"Frame2"_s);
-    placeTwips(Frame2, kFrame1Left, 5310, 6300, 480);
+    Twips::place(Frame2, kFrame1Left, 5310, 6300, 480);
 
     Frame3 = makeFrame(client, u"Frame3"_s);
     Frame3->setFrameShape(QFrame::Box);
     Label1 = new QLabel(tr("Searching ..."), Frame3);
     Label1->setObjectName(u"Label1"_s);
     Label1->setAlignment(Qt::AlignCenter);
-    placeTwips(Frame3, 2000, 2400, 2000, 500);
-    placeTwips(Label1, 60, 60, 1880, 380);
+    Twips::place(Frame3, 2000, 2400, 2000, 500);
+    Twips::place(Label1, 60, 60, 1880, 380);
     Frame3->hide();
 
     for (int i = 0; i < 2; ++i) {
@@ -138,8 +134,8 @@ void Quorvane1::buildControls() {
         Label2[i]->setObjectName(u"Label2(%1)"_s.arg(i));
         Label2[i]->setAccessibleName(i == 0 ? tr("Date") : tr("Time"));
         Label2[i]->setAlignment(Qt::AlignCenter);
-        placeTwips(Frame4[i], 2760 + i * 1440, 75, 1300, kButtonSize);
-        placeTwips(Label2[i], 30, 15, 1240, kButtonSize - 30);
+        Twips::place(Frame4[i], 2760 + i * 1440, 75, 1300, kButtonSize);
+        Twips::place(Label2[i], 30, 15, 1240, kButtonSize - 30);
     }
 
     List1 = new QListWidget(client);
@@ -186,7 +182,7 @@ void Quorvane1::buildButtons(QWidget* client) {
     double left = 60;
     for (const Command& c : commands) {
         QToolButton* button = makeButton(client, c.name, tr(c.tip), picture(c.name));
-        placeTwips(button, left, 15, kButtonSize, kButtonSize);
+        Twips::place(button, left, 15, kButtonSize, kButtonSize);
         left += kButtonStep;
     }
     connect(client->findChild<QToolButton*>(u"FindBtn"_s), &QToolButton::clicked, this,
@@ -264,7 +260,7 @@ void Quorvane1::buildButtons(QWidget* client) {
     left = 60;
     for (const Filter& f : filters) {
         QToolButton* button = makeButton(Frame2, f.name, tr(f.tip), picture(f.name));
-        placeTwips(button, left, 75, kButtonSize, kButtonSize);
+        Twips::place(button, left, 75, kButtonSize, kButtonSize);
         left += kButtonStep;
         connect(button, &QToolButton::clicked, this,
                 [this, row = f.row, after = f.filterAfter] { filterButton_Click(row, after); });

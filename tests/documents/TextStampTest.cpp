@@ -1,4 +1,5 @@
 #include "documents/TextStamp.h"
+#include "platform/FontNames.h"
 
 #include <QPainter>
 
@@ -100,7 +101,7 @@ TEST(TextStamp, FontsArePointsAt96ToTheInchAndMsSansSerifIsTheSystemSans) {
     EXPECT_EQ(font.pixelSize(), 11);
     EXPECT_EQ(font.family(), u"Sans Serif"_s);
     EXPECT_TRUE(font.italic());
-    EXPECT_EQ(TextStamp::familyOf(u"DejaVu Serif"_s), u"DejaVu Serif"_s);
+    EXPECT_EQ(FontNames::familyOf(u"DejaVu Serif"_s), u"DejaVu Serif"_s);
 }
 
 TEST(TextStamp, HugeTextsAndFarPlacesAreClippedAndPaletteImagesBecomeTrueColour) {
